@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "controls/Controls.h"
+#include "controls/Errors.h"
+#include "controls/Loop.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tonvale {
+
+class Form;
+class FormSlot;
+
+enum class WindowState : std::int16_t { Normal = 0, Minimized = 1, Maximized = 2 };
+
+// Where all loaded windows are known. One for each program.
+class Forms {
+public:
+    explicit Forms(EventLoop &loop, ErrObject &err) : loop_(loop), err_(err) {}
+    Forms(const Forms &) = delete;
+    Forms &operator=(const Forms &) = delete;
+
+    [[nodiscard]] EventLoop &loop() const { return loop_; }
+    [[nodiscard]] ErrObject &err() const { return err_; }
+    [[nodiscard]] const std::vector<Form *> &loaded() const { return loaded_; }
+
+    Signal<Form &> formLoading;  // before Form_Load: where a view comes into being
+    Signal<Form &> formUnloaded; // after Form_Unload, while the window still exists
+    Signal<> lastFormUnloaded;   // the program has no window left
+
+private:
+    friend class FormSlot;
+    EventLoop &loop_;
+    ErrObject &err_;
+    std::vector<Form *> loaded_;
+};
+
+// A window: load -> (show, resize, hide ...) -> query unload -> unload. Sizes and places are in
+// twips; Width and Height are the frame's, ScaleWidth and ScaleHeight the inside's.
+class Form : public MouseEvents {
+public:
+    Form(Forms &forms, std::string name);
+    virtual ~Form();
+    Form(const Form &) = delete;
+    Form &operator=(const Form &) = delete;
+
+    const std::string Name;
+    Property<std::string> Caption;
+    Property<double> Left, Top, Width, Height;
+    Property<bool> Enabled{true};
+    Property<bool> Visible{false};
+    Property<bool> ShowInTaskbar{true};
+    Property<WindowState> State{WindowState::Normal};
+    Property<bool> Topmost{false};
+    Property<bool> MouseCaptured{false};
+
+    [[nodiscard]] double ScaleWidth() const { return Width - chromeWidth_; }
+    [[nodiscard]] double ScaleHeight() const { return Height - chromeHeight_; }
+
+    void Show();
+    void Hide();
+    void Move(double left, double top);
+    void Move(double left, double top, double width, double height);
+    void ZOrder();  // to the front
+    void Refresh(); // paints at once what is due
+
+    // Asks, then unloads. Returns false when a handler refused. The object lives on until the
+    // loop comes round, so a handler of its own may call this.
+    bool Unload();
+    [[nodiscard]] bool isUnloading() const { return unloading_; }
+
+    // For the view: what the frame, title and menu take of Width and Height, in twips.
+    void setChrome(double width, double height);
+    // For the view: what the user did to the window.
+    void userResized(double width, double height);
+    void userActivated() { Form_Activate(); }
+
+    // For channels that deliver a command to a window.
+    virtual void Form_LinkExecute(std::string & /*commandString*/, std::int16_t & /*cancel*/) {}
+
+    Signal<> raised;                    // ZOrder was called
+    Signal<> refreshed;                 // Refresh was called
+    Signal<MenuEntry &> popUpRequested; // show this menu where the pointer is
+    Signal<> chromeChanged;
+
+protected:
+    virtual void Form_Load() {}
+    virtual void Form_Resize() {}
+    virtual void Form_Activate() {}
+    virtual void Form_QueryUnload(std::int16_t & /*cancel*/) {}
+    virtual void Form_Unload(std::int16_t & /*cancel*/) {}
+
+    [[nodiscard]] Forms &forms() const { return forms_; }
+    // One statement of a handler that goes on after an error. Returns whether it succeeded.
+    template <class Statement> bool attempt(Statement &&statement) {
+        return resumeNext(forms_.err(), std::forward<Statement>(statement));
+    }
+
+private:
+    friend class FormSlot;
+    Forms &forms_;
+    FormSlot *slot_ = nullptr;
+    double chromeWidth_ = 0, chromeHeight_ = 0;
+    bool unloading_ = false;
+};
+
+// Holds at most one window: makes it at the first reference, drops it at its unload.
+class FormSlot {
+public:
+    using Factory = std::function<std::unique_ptr<Form>()>;
+
+    explicit FormSlot(Forms &forms) : forms_(forms) {}
+    ~FormSlot();
+    FormSlot(const FormSlot &) = delete;
+    FormSlot &operator=(const FormSlot &) = delete;
+
+    // Says how the window is made. Without it a reference throws error 429.
+    void setFactory(Factory factory) { factory_ = std::move(factory); }
+    [[nodiscard]] bool exists() const { return static_cast<bool>(factory_); }
+    [[nodiscard]] bool isLoaded() const { return form_ != nullptr; }
+    // Unloading a window that is not loaded does nothing.
+    bool Unload();
+    // The window, made and loaded if there is none.
+    Form &form();
+
+private:
+    friend class Form;
+    void release();
+
+    Forms &forms_;
+    Factory factory_;
+    std::unique_ptr<Form> form_;
+};
+
+template <class FormType> class FormHolder : public FormSlot {
+public:
+    using FormSlot::FormSlot;
+    FormType &operator*() { return static_cast<FormType &>(form()); }
+    FormType *operator->() { return &**this; }
+};
+
+} // namespace tonvale

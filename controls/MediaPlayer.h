@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "controls/Controls.h"
+#include "controls/Loop.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tonvale {
+
+// What a media player control needs of a decoder and its sound output. Everything runs on the
+// user-interface thread, the callbacks included.
+class MediaEngine {
+public:
+    // The engine calls these from the loop, never from inside one of its operations.
+    struct Callbacks {
+        std::function<void()> ended; // the media has played to its end, or failed on the way
+    };
+
+    virtual ~MediaEngine() = default;
+
+    // Opens the file and is then ready to play from its start, silent. `path` is bytes. Returns
+    // when the file is open; throws a RuntimeError with a description when it cannot be, or has
+    // not been after 10 seconds. What was open before is closed in any case, and nothing is
+    // called back for it any more.
+    virtual void open(const std::string &path) = 0;
+    virtual void close() = 0;
+    virtual void play() = 0;
+    virtual void pause() = 0;
+    // Silent at once, and back at the start.
+    virtual void stop() = 0;
+    [[nodiscard]] virtual double duration() const = 0; // seconds, 0 if it has none
+    [[nodiscard]] virtual double position() const = 0; // seconds
+    virtual void seek(double seconds) = 0;             // exact; limited to the media
+    virtual void setVolume(std::int32_t volume) = 0;   // -10000 (silent) to 0 (full)
+    virtual void setBalance(std::int32_t balance) = 0; // -10000 (left alone) to 10000 (right alone)
+};
+
+using MediaEngineFactory = std::function<std::unique_ptr<MediaEngine>(MediaEngine::Callbacks)>;
+
+enum class PlayState : std::int32_t { Stopped = 0, Paused = 1, Playing = 2 };
+enum class OpenState : std::int32_t { Closed = 0, Open = 6 };
+
+// The media player control. Its engine is made at the first file. Notifications arrive from the
+// loop, in the order in which their causes happened, each once.
+class MediaPlayer : public Control {
+public:
+    MediaPlayer(EventLoop &loop, MediaEngineFactory factory);
+    ~MediaPlayer();
+
+    Event<OpenState, OpenState> OpenStateChange;                          // old, new: a file has been opened
+    Event<PlayState, PlayState> PlayStateChange;                          // old, new
+    Event<std::int16_t, std::int16_t, double, double> MouseMove, MouseUp; // button, shift, x, y
+
+    // Opens the file; throws RuntimeError. The empty text closes. With AutoStart it begins to play.
+    void FileName(const std::string &path);
+    [[nodiscard]] const std::string &FileName() const { return fileName_; }
+    bool AutoStart = true;
+
+    void Play();
+    void Pause();
+    void Stop(); // goes back to the start
+    [[nodiscard]] PlayState State() const { return state_; }
+
+    [[nodiscard]] double Duration() const;        // seconds
+    [[nodiscard]] double CurrentPosition() const; // seconds
+    void CurrentPosition(double seconds);
+    [[nodiscard]] double SelectionStart() const { return 0; } // seconds
+    [[nodiscard]] std::int32_t Volume() const { return volume_; }
+    void Volume(std::int32_t volume); // -10000 to 0, error 380 outside
+    [[nodiscard]] std::int32_t Balance() const { return balance_; }
+    void Balance(std::int32_t balance); // -10000 to 10000, error 380 outside
+
+    Property<std::int32_t> DisplaySize{0};
+    Property<bool> FullScreenMode{false};
+
+private:
+    MediaEngine &engine();
+    void close();
+    void setState(PlayState state);
+    void postNotification(std::function<void()> notify);
+    void onEnded();
+
+    EventLoop &loop_;
+    MediaEngineFactory factory_;
+    std::unique_ptr<MediaEngine> engine_;
+    // Notifications that wait in the loop look here whether the control still exists.
+    std::shared_ptr<MediaPlayer *> self_;
+    std::string fileName_;
+    PlayState state_ = PlayState::Stopped;
+    std::int32_t volume_ = 0, balance_ = 0;
+};
+
+} // namespace tonvale

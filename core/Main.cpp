@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "core/Main.h"
+
+#include "controls/Numbers.h"
+#include "core/WindowSearch.h"
+#include "core/setting_keys.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace tonvale {
+
+namespace {
+
+constexpr const char *kFormClassPattern = "Thunder*Form*";
+
+constexpr const char *kRegistryFailure =
+    "An error occurred while accessing your system registry which prevents the load of Tonvale.  \r\n"
+    "Please correct the situation and reload Tonvale.";
+
+} // namespace
+
+void CloseOtherInstances(Application &app) {
+    WindowSearch search(app.services.windows);
+    const std::string pattern = "*" + app.services.program.title + "*";
+    if (search.FindWindowLike(kDesktopWindow, kFormClassPattern, pattern, SearchFor::All) == 0) return;
+    for (const WindowInfo &window : search.found()) app.services.windows.sendClose(window.handle);
+}
+
+StartResult Main(Application &app) {
+    app.Err.Clear();
+    resumeNext(app.Err, [&] {
+        if (textToDouble(app.setting(setting::kMultiInstances, "0")) == 0.0) CloseOtherInstances(app);
+    });
+    if (app.Err.Number != 0) {
+        app.box(kRegistryFailure, BoxIcon::Information, BoxPlace::Foreground);
+        return StartResult::Ended;
+    }
+    resumeNext(app.Err, [&] { app.form1.form().Show(); });
+    return StartResult::Running;
+}
+
+void CloseForms(Application &app, Form &keep) {
+    try {
+        // A window that is unloaded may load or unload others, so the collection is looked at anew
+        // after each; one that refuses is not asked twice.
+        const std::vector<Form *> atStart = app.forms.loaded();
+        for (Form *form : atStart) {
+            const auto &loaded = app.forms.loaded();
+            const bool still = std::find(loaded.begin(), loaded.end(), form) != loaded.end();
+            if (still && form != &keep) form->Unload();
+        }
+        keep.Unload();
+    } catch (const RuntimeError &error) {
+        app.Err.set(error);
+        app.box("Error: " + std::to_string(error.number()) + ". " + error.description(), BoxIcon::None,
+                BoxPlace::Normal, BoxButtons::Ok, "CloseForms");
+    }
+}
+
+} // namespace tonvale

@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "desktop/Settings.h"
+
+#include "controls/Numbers.h"
+#include "controls/Text.h"
+#include "core/setting_keys.h"
+#include "desktop/StayOnTop.h"
+
+#include <array>
+#include <memory>
+
+namespace tonvale {
+
+namespace {
+
+struct BoxSetting {
+    CheckBox Settings::*box;
+    const char *key;
+    const char *fallback;
+};
+
+constexpr std::array kBoxSettings{
+    BoxSetting{&Settings::Check1, setting::kMultiInstances, "0"},
+    BoxSetting{&Settings::Check2, setting::kPosition, "0"},
+    BoxSetting{&Settings::Check3, setting::kAlwaysOntop, "0"},
+    BoxSetting{&Settings::Check4, setting::kConfirmDelete, "1"},
+    BoxSetting{&Settings::Check6, setting::kLoopOther, "0"},
+};
+
+std::int16_t boxValue(const std::string &text) {
+    const std::int16_t value = textToInt16(text);
+    if (value < 0 || value > 2) throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    return value;
+}
+
+} // namespace
+
+Settings::Settings(Application &app) : Form(app.forms, "Settings"), app_(app) {
+    Caption = "General Settings";
+    Check3.Click = [this] { Check3_Click(); };
+}
+
+// The first failure ends the handler; what has been read until then stays.
+void Settings::Form_Load() {
+    attempt([&] {
+        const std::string temporary = lowerCase(app_.services.files.temporaryDirectory());
+        Label2.Caption = app_.setting(setting::kTempLocation, temporary);
+        for (const BoxSetting &entry : kBoxSettings)
+            (this->*entry.box).Value = boxValue(app_.setting(entry.key, entry.fallback));
+    });
+}
+
+void Settings::Form_Unload(std::int16_t & /*cancel*/) {
+    attempt([&] {
+        app_.saveSetting(setting::kTempLocation, Label2.Caption);
+        for (const BoxSetting &entry : kBoxSettings)
+            app_.saveSetting(entry.key, std::to_string((this->*entry.box).Value.get()));
+    });
+}
+
+void Settings::Check3_Click() {
+    attempt([&] {
+        Form &mainWindow = app_.form1.form();
+        if (Check3.Value == 1)
+            StayOnTop(mainWindow);
+        else
+            NotOnTop(mainWindow);
+    });
+}
+
+void registerDesktopWindows(Application &app) {
+    app.settings.setFactory([&app] { return std::make_unique<Settings>(app); });
+}
+
+} // namespace tonvale

@@ -1,0 +1,220 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "player/Form1.h"
+
+#include "controls/Numbers.h"
+#include "controls/Text.h"
+#include "core/Main.h"
+#include "core/WindowSearch.h"
+#include "core/setting_keys.h"
+#include "desktop/Settings.h"
+#include "desktop/StayOnTop.h"
+#include "player/captions.h"
+#include "player/register.h"
+
+#include <memory>
+
+namespace tonvale {
+
+namespace {
+
+constexpr double kDesignWidth = 7500;  // twips
+constexpr double kDesignHeight = 4665; // twips
+constexpr double kPictureMargin = 120; // twips
+constexpr double kPanelHeight = 3975;  // twips; pictures lie below
+constexpr const char *kPositionsPath = "SOFTWARE\\FMS\\Test CFormPos";
+constexpr const char *kRecentFilesPath = "SOFTWARE\\Orvane Tonvale\\MRU";
+constexpr const char *kPlaylistDescription = "Orvane Tonvale PlayList File";
+constexpr const char *kLeftoverProgram = "qlv.Exe";
+constexpr const char *kBatchConverterTitle = "*WAV Batch Converter*";
+constexpr const char *kFormClassPattern = "Thunder*Form*";
+
+} // namespace
+
+Form1::Form1(Application &app)
+    : Form(app.forms, "Form1"), ActiveMovie1(app.services.loop, app.services.makeMediaEngine),
+      CDReader(app.services.makeCDReader()), Timer1(app.services.loop, 500), Timer2(app.services.loop, 125),
+      Timer3(app.services.loop, 100), CDR_Timer(app.services.loop, 1000), RecentFiles(app), app_(app),
+      VolumeControl_(app.services.mixer), WindowMover(app) {
+    Caption = app.services.program.title;
+    Width = kDesignWidth;
+    Height = kDesignHeight;
+    ActiveMovie1.Left = kPictureMargin;
+    ActiveMovie1.Top = kPanelHeight;
+    ActiveMovie1.Width = kDesignWidth - 2 * kPictureMargin;
+    ActiveMovie1.Visible = false;
+    connectPanel();
+    connectDragging();
+    connectMenus();
+    connectEngines();
+}
+
+Form1::~Form1() = default;
+
+void Form1::connectPanel() {
+    MMLEDX1.ToolTipText = "Media Status";
+    btnPlay.ToolTipText = "Play New File";
+    btnPause.ToolTipText = "Pause";
+    btnStop.ToolTipText = "Stop";
+    btnMute.ToolTipText = "Mute";
+    btnDelete.ToolTipText = "Delete";
+    btnHelp.ToolTipText = "Help";
+    btnPlay.Click = [this] { btnPlay_Click(); };
+    btnPlayCurrent.Click = [this] { btnPlayCurrent_Click(); };
+    btnPlayCurrent.MouseMove = [this] { btnPlayCurrent_MouseMove(); };
+    btnPause.Click = [this] { btnPause_Click(); };
+    btnStop.Click = [this] { btnStop_Click(); };
+    btnMute.Click = [this] { MuteMenu_Click(); };
+    btnMute.MouseMove = [this] { btnMute_MouseMove(); };
+    slidTracker.Change = [this] { slidTracker_Change(); };
+    slidTracker.Scroll = [this] { slidTracker_Change(); };
+    MMLEDSpinX1.Change = [this] { MMLEDSpinX1_Change(); };
+    MMLEDSpinX2.Change = [this] { MMLEDSpinX2_Change(); };
+    slidBalance.Change = [this] { slidBalance_Change(); };
+    slidBalance.Scroll = [this] { slidBalance_Change(); };
+    cmdBalance0.Click = [this] { cmdBalance0_Click(); };
+}
+
+void Form1::connectDragging() {
+    const auto drags = [this](MouseEvents &part) {
+        part.MouseDown = [this](double x, double y) { WindowMover.HandleMouseDown(x, y); };
+        part.MouseMove = [this](double x, double y) { WindowMover.HandleMouseMove(x, y); };
+        part.MouseUp = [this] { WindowMover.HandleMouseUp(); };
+    };
+    const auto draws = [&](auto &...parts) { (drags(parts), ...); };
+    draws(static_cast<Form &>(*this), framePanel, Label3, lblTime, lblLength, lblProgress, lblVolume, lblMasterVolume,
+          lblBalance, MMLEDDigitX1, MMLEDX1, MMLEDGaugeX1, MMLevelScaleX1, MMLEDSpinX1, MMLEDSpinX2);
+    for (auto *group :
+         {&CurPosLEDHour, &CurPosLEDMinute, &CurPosLEDSecond, &TotalLEDHour, &TotalLEDMinute, &TotalLEDSecond})
+        for (LedDigit &digit : *group) drags(digit);
+}
+
+void Form1::connectMenus() {
+    playmenu.Click = [this] { playmenu_Click(); };
+    playnewpop.Click = [this] { playmenu_Click(); };
+    VidPlayPop.Click = [this] { playmenu_Click(); };
+    playcurrentmenu.Click = [this] { playcurrentmenu_Click(); };
+    playcurrentpop.Click = [this] { playcurrentmenu_Click(); };
+    VidPlayCurrentPop.Click = [this] { playcurrentmenu_Click(); };
+    PauseMenu.Click = [this] { PauseMenu_Click(); };
+    PauseMenuPop.Click = [this] { PauseMenu_Click(); };
+    VidPausePop.Click = [this] { PauseMenu_Click(); };
+    StopMenu.Click = [this] { StopMenu_Click(); };
+    ControlsMenu.Click = [this] { ControlsMenu_Click(); };
+    MuteMenu.Click = [this] { MuteMenu_Click(); };
+    VidMutePop.Click = [this] { MuteMenu_Click(); };
+    ExitMenu.Click = [this] { Unload(); };
+    for (std::size_t i = 1; i < mnuFileMRU.size(); ++i) mnuFileMRU[i].Click = [this, i] { mnuFileMRU_Click(i); };
+}
+
+void Form1::connectEngines() {
+    ActiveMovie1.OpenStateChange = [this](OpenState, OpenState) { ActiveMovie1_OpenStateChange(); };
+    ActiveMovie1.PlayStateChange = [this](PlayState, PlayState state) { ActiveMovie1_PlayStateChange(state); };
+    ActiveMovie1.MouseMove = [this](auto...) { ActiveMovie1_MouseMove(); };
+    ActiveMovie1.MouseUp = [this](std::int16_t button, auto...) { ActiveMovie1_MouseUp(button); };
+    Timer1.Tick = [this] { Timer1_Timer(); };
+    Timer2.Tick = [this] { Timer2_Timer(); };
+    Timer3.Tick = [this] { Timer3_Timer(); };
+    CDR_Timer.Tick = [this] { CDR_Timer_Timer(); };
+}
+
+bool Form1::settingIsOn(CheckBox Settings::*box) {
+    bool on = false;
+    attempt([&] { on = (*app_.settings.*box).Value == 1; });
+    return on;
+}
+
+void Form1::readBaseSize() {
+    OriginalWidth = toInt32(Width);
+    OriginalHeight = toInt32(Height);
+    VideoMargin = toInt32(ActiveMovie1.Left);
+}
+
+void Form1::Form_Load() {
+    WindowMover.Form(this);
+    readBaseSize();
+    app_.MainLoadInProgress = true;
+    loadVolumes();
+    Label3.Caption = "";
+    Text1.Text = "";
+    if (settingIsOn(&Settings::Check2)) restorePosition();
+    Width = OriginalWidth;
+    Height = OriginalHeight;
+    for (MenuEntry *entry :
+         {&playcurrentmenu, &PauseMenu, &PauseMenuPop, &DeleteMenu, &DeleteMenu2, &zoom, &playcurrentpop})
+        entry->Enabled = false;
+    loadRecentFiles();
+    if (settingIsOn(&Settings::Check3)) StayOnTop(*this);
+    Show();
+    Refresh();
+    deleteLeftover();
+    attempt([&] {
+        if (app_.services.associations != nullptr)
+            app_.services.associations->FileAssociator("ply", kPlaylistDescription, kPlaylistDescription);
+    });
+    if (!openCommandLine()) return;
+    app_.MainLoadInProgress = false;
+    app_.settings.Unload();
+}
+
+void Form1::restorePosition() {
+    FormPos = std::make_unique<CFormPos>(app_);
+    FormPos->Form(this);
+    FormPos->RegistryPath = kPositionsPath;
+    FormPos->SubKey = "Form Positions";
+    if (!FormPos->RestoreForm(KeepOnScreen::No)) FormPos->CenterForm();
+}
+
+void Form1::loadRecentFiles() {
+    RecentFiles.RootKey = RootKey::LocalMachine;
+    RecentFiles.RegistryPath = kRecentFilesPath;
+    RecentFiles.SubKey = "MRU Entries";
+    RecentFiles.Prefix = "MRU";
+    RecentFiles.TagPrefix = "MRUTag";
+    for (std::size_t i = 0; i < mnuFileMRU.size(); ++i)
+        RecentFiles.MenuItem(static_cast<std::int16_t>(i), &mnuFileMRU[i]);
+    RecentFiles.GetMRUList();
+}
+
+// A program of an early release, which nothing uses any more.
+void Form1::deleteLeftover() {
+    FileService &files = app_.services.files;
+    const std::string leftover = joinPath(app_.services.program.directory, kLeftoverProgram);
+    attempt([&] {
+        if (files.fileExists(leftover)) files.deleteFile(leftover);
+    });
+}
+
+// Returns whether the load goes on.
+bool Form1::openCommandLine() {
+    const std::string path = withoutOuterQuotes(trimBlanks(app_.services.program.commandLine));
+    bool exists = false;
+    attempt([&] { exists = !path.empty() && app_.services.files.fileExists(path); });
+    return !exists || openFromCommandLine(path);
+}
+
+void Form1::Form_Unload(std::int16_t & /*cancel*/) {
+    if (settingIsOn(&Settings::Check2) && FormPos) FormPos->SaveForm();
+    attempt([&] { ActiveMovie1.Stop(); });
+    attempt([&] { CDReader->StopPlay(); });
+    attempt([&] { CDReader->CloseDevice(); });
+    attempt([&] { app_.saveSetting(setting::kVolume, std::to_string(MMLEDSpinX1.Value())); });
+    if (MuteMenu.Caption == caption::kUnMute) MuteMenu_Click();
+    closeBatchConverter();
+    CloseForms(app_, *this);
+}
+
+void Form1::closeBatchConverter() {
+    attempt([&] {
+        WindowSearch search(app_.services.windows);
+        search.FindWindowLike(kDesktopWindow, kFormClassPattern, kBatchConverterTitle, SearchFor::All);
+        for (const WindowInfo &window : search.found()) app_.services.windows.sendClose(window.handle);
+    });
+}
+
+void registerPlayerWindows(Application &app) {
+    app.form1.setFactory([&app] { return std::make_unique<Form1>(app); });
+}
+
+} // namespace tonvale

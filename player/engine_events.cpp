@@ -1,0 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "desktop/Settings.h"
+#include "player/Form1.h"
+
+#include "controls/Numbers.h"
+#include "controls/Text.h"
+#include "player/captions.h"
+#include "player/media_kinds.h"
+
+namespace tonvale {
+
+namespace {
+
+constexpr const char *kRealVideoQuestion =
+    "Is the selected file RealVideo or RealAudio?  If RealVideo, click \"Yes\", otherwise click \"No\".";
+constexpr const char *kFullScreenHint = "Press escape to resturn to Tonvale.  Left-Click to replay.";
+constexpr const char *kPictureHint = "Right-Click for Options...";
+constexpr std::int16_t kRightButton = 2;
+
+} // namespace
+
+// Runs on every change of the open state, guarded against nothing.
+void Form1::ActiveMovie1_OpenStateChange() {
+    attempt([&] { MediaStarted(toInt32(ActiveMovie1.Duration())); });
+    app_.paths.ParsePath(ActiveMovie1.FileName(), "e");
+    const std::string extension = app_.paths.ParsedExtension;
+    const std::string folded = lowerCase(extension);
+    FrameSize frame;
+    if (media::isIn(media::kVideo, folded)) {
+        ActiveMovie1.Visible = true;
+        frame = frameForPicture();
+        zoom.Enabled = true;
+    } else if (media::isIn(media::kRealMedia, folded)) {
+        frame = askForRealVideo();
+    } else {
+        zoom.Enabled = false;
+        ActiveMovie1.Visible = false;
+        if (rollmenu.Caption == caption::kRollDown) return; // stays rolled up, with Timer3 off
+        Width = OriginalWidth;
+        Height = OriginalHeight;
+    }
+    // The extension as it stands: ".AVI" shows its picture but keeps the window's size.
+    if (media::isIn(media::kVideo, extension)) fitWindow(frame);
+    Timer3.Enabled(true);
+}
+
+Form1::FrameSize Form1::askForRealVideo() {
+    zoom.Enabled = false;
+    const BoxResult answer =
+        app_.box(kRealVideoQuestion, BoxIcon::Information, BoxPlace::Foreground, BoxButtons::YesNo);
+    ActiveMovie1.Visible = answer == BoxResult::Yes;
+    return ActiveMovie1.Visible ? frameForPicture() : FrameSize{OriginalWidth, OriginalHeight};
+}
+
+// The frame that the window needs to hold the picture, in twips.
+Form1::FrameSize Form1::frameForPicture() {
+    FrameSize frame;
+    attempt([&] {
+        frame.width = toInt32(ActiveMovie1.Width + 2.0 * VideoMargin + Width - ScaleWidth());
+        frame.height = toInt32(ActiveMovie1.Top + ActiveMovie1.Height + Height - ScaleHeight() +
+                               VideoMargin / kTwipsPerPixel * kTwipsPerPixel);
+    });
+    return frame;
+}
+
+void Form1::fitWindow(FrameSize frame) {
+    Screen &screen = app_.services.screen;
+    if (frame.width > screen.width() || frame.height > screen.height()) {
+        ActiveMovie1.FullScreenMode = true;
+        return;
+    }
+    if (frame.width < OriginalWidth) frame.width = OriginalWidth;
+    ActiveMovie1.FullScreenMode = false;
+    Move((screen.width() - frame.width) / 2, (screen.height() - frame.height) / 2, frame.width, frame.height);
+    const bool roomBeside = ScaleWidth() > ActiveMovie1.Width;
+    ActiveMovie1.Left = roomBeside ? roundEven((ScaleWidth() - ActiveMovie1.Width) / 2) : VideoMargin;
+}
+
+// The end of the media and any stop of the engine, those by the program included.
+void Form1::ActiveMovie1_PlayStateChange(PlayState state) {
+    switch (state) {
+    case PlayState::Stopped:
+        PlayStopped();
+        if (settingIsOn(&Settings::Check6)) {
+            attempt([&] { ActiveMovie1.Play(); });
+            attempt([&] { MediaStarted(toInt32(ActiveMovie1.Duration())); });
+        }
+        break;
+    case PlayState::Paused: Timer1.Enabled(false); break;
+    case PlayState::Playing: Timer1.Enabled(true); break;
+    }
+}
+
+void Form1::ActiveMovie1_MouseMove() {
+    ActiveMovie1.ToolTipText = ActiveMovie1.FullScreenMode ? kFullScreenHint : kPictureHint;
+}
+
+void Form1::ActiveMovie1_MouseUp(std::int16_t button) {
+    if (button != kRightButton) return;
+    VidPlayPop.Caption = playmenu.Caption;
+    VidPlayCurrentPop.Caption = playcurrentmenu.Caption;
+    VidPlayCurrentPop.Enabled = playcurrentmenu.Enabled;
+    VidPausePop.Caption = PauseMenu.Caption;
+    VidPausePop.Enabled = PauseMenu.Enabled;
+    VidDeletePop.Enabled = DeleteMenu.Enabled;
+    VidMutePop.Caption = MuteMenu.Caption;
+    VidZoomPop.Enabled = zoom.Enabled;
+    popUpRequested(VidPopMenu);
+}
+
+} // namespace tonvale

@@ -132,10 +132,11 @@ public:
     Property<std::int32_t> Min, Max;
     [[nodiscard]] std::int32_t Value() const { return value_; }
     void Value(std::int32_t value) { value_ = limited(value); }
+    // A value outside the new range is limited to it without an event: nobody has moved it.
     void setRange(std::int32_t min, std::int32_t max) {
         Min = min;
         Max = max;
-        Value(Value());
+        value_.setQuietly(limited(Value()));
     }
     Connection onValueChange(std::function<void()> listener) { return value_.onChange(std::move(listener)); }
 

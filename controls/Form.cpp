@@ -8,6 +8,26 @@
 
 namespace tonvale {
 
+Forms::Forms(EventLoop &loop, ErrObject &err) : loop_(loop), err_(err), self_(std::make_shared<Forms *>(this)) {}
+
+Forms::~Forms() { *self_ = nullptr; }
+
+void Forms::keepUntilUnused(std::unique_ptr<Form> form) {
+    dead_.push_back(std::move(form));
+    postBurial();
+}
+
+void Forms::handlerLeft() {
+    if (--handlers_ == 0 && !dead_.empty()) postBurial();
+}
+
+// Not at once: what called the handler may be a part of the window, too.
+void Forms::postBurial() {
+    loop_.post([self = self_] {
+        if (*self != nullptr && (*self)->handlers_ == 0) (*self)->dead_.clear();
+    });
+}
+
 Form::Form(Forms &forms, std::string name) : Name(std::move(name)), forms_(forms) {}
 
 Form::~Form() = default;
@@ -46,6 +66,7 @@ void Form::userResized(double width, double height) {
 
 bool Form::Unload() {
     if (unloading_ || slot_ == nullptr) return true;
+    const Forms::HandlerScope scope(forms_);
     unloading_ = true;
     std::int16_t cancel = 0;
     attempt([&] { Form_QueryUnload(cancel); });
@@ -63,31 +84,33 @@ FormSlot::~FormSlot() {
 }
 
 Form &FormSlot::form() {
-    if (!form_) {
-        if (!factory_) throw RuntimeError(ErrorNumber::CantCreateObject);
-        form_ = factory_();
-        form_->slot_ = this;
-        forms_.loaded_.push_back(form_.get());
-        // Kept by reference: a window may be unloaded while it loads, and lives on until the loop
-        // comes round.
-        Form &made = *form_;
-        forms_.formLoading(made);
-        made.attempt([&] { made.Form_Load(); });
-        return made;
-    }
+    if (!form_) load();
+    // A window may be unloaded while it loads.
+    if (!form_) throw RuntimeError(ErrorNumber::CantCreateObject);
     return *form_;
+}
+
+void FormSlot::load() {
+    if (!factory_) throw RuntimeError(ErrorNumber::CantCreateObject);
+    const Forms::HandlerScope scope(forms_);
+    form_ = factory_();
+    Form &made = *form_;
+    made.slot_ = this;
+    forms_.loaded_.push_back(&made);
+    made.attempt([&] { forms_.formLoading(made); });
+    made.attempt([&] { made.Form_Load(); });
 }
 
 bool FormSlot::Unload() { return !form_ || form_->Unload(); }
 
 void FormSlot::release() {
-    const std::shared_ptr<Form> dying = std::move(form_);
-    dying->slot_ = nullptr;
-    dying->Visible = false;
-    std::erase(forms_.loaded_, dying.get());
-    forms_.formUnloaded(*dying);
-    // The caller may be one of its own handlers.
-    forms_.loop().post([dying] {});
+    std::unique_ptr<Form> leaving = std::move(form_);
+    Form &form = *leaving;
+    form.slot_ = nullptr;
+    form.Visible = false;
+    std::erase(forms_.loaded_, &form);
+    forms_.formUnloaded(form);
+    forms_.keepUntilUnused(std::move(leaving));
     if (forms_.loaded_.empty()) forms_.lastFormUnloaded();
 }
 

@@ -23,7 +23,8 @@ enum class WindowState : std::int16_t { Normal = 0, Minimized = 1, Maximized = 2
 // Where all loaded windows are known. One for each program.
 class Forms {
 public:
-    explicit Forms(EventLoop &loop, ErrObject &err) : loop_(loop), err_(err) {}
+    Forms(EventLoop &loop, ErrObject &err);
+    ~Forms();
     Forms(const Forms &) = delete;
     Forms &operator=(const Forms &) = delete;
 
@@ -35,11 +36,33 @@ public:
     Signal<Form &> formUnloaded; // after Form_Unload, while the window still exists
     Signal<> lastFormUnloaded;   // the program has no window left
 
+    // Stands on the stack while a handler of any window runs. A handler may show a box, which
+    // serves messages, which may unload the handler's own window: an unloaded window lives on
+    // until no handler is left on the stack.
+    class HandlerScope {
+    public:
+        explicit HandlerScope(Forms &forms) : forms_(forms) { ++forms_.handlers_; }
+        ~HandlerScope() { forms_.handlerLeft(); }
+        HandlerScope(const HandlerScope &) = delete;
+        HandlerScope &operator=(const HandlerScope &) = delete;
+
+    private:
+        Forms &forms_;
+    };
+
 private:
     friend class FormSlot;
+    void keepUntilUnused(std::unique_ptr<Form> form);
+    void handlerLeft();
+    void postBurial();
+
     EventLoop &loop_;
     ErrObject &err_;
     std::vector<Form *> loaded_;
+    std::vector<std::unique_ptr<Form>> dead_;
+    int handlers_ = 0;
+    // A burial that waits in the loop looks here whether there still is somebody to ask.
+    std::shared_ptr<Forms *> self_;
 };
 
 // A window: load -> (show, resize, hide ...) -> query unload -> unload. Sizes and places are in
@@ -71,8 +94,8 @@ public:
     void ZOrder();  // to the front
     void Refresh(); // paints at once what is due
 
-    // Asks, then unloads. Returns false when a handler refused. The object lives on until the
-    // loop comes round, so a handler of its own may call this.
+    // Asks, then unloads. Returns false when a handler refused. The object lives on until no
+    // handler is running, so a handler of its own may call this.
     bool Unload();
     [[nodiscard]] bool isUnloading() const { return unloading_; }
 
@@ -101,6 +124,14 @@ protected:
     // One statement of a handler that goes on after an error. Returns whether it succeeded.
     template <class Statement> bool attempt(Statement &&statement) {
         return resumeNext(forms_.err(), std::forward<Statement>(statement));
+    }
+
+    // The handler of an event: an error in it goes no further than here.
+    template <class Body> auto handler(Body body) {
+        return [this, body = std::move(body)](const auto &...arguments) {
+            const Forms::HandlerScope scope(forms_);
+            attempt([&] { body(arguments...); });
+        };
     }
 
 private:
@@ -132,6 +163,7 @@ public:
 
 private:
     friend class Form;
+    void load();
     void release();
 
     Forms &forms_;

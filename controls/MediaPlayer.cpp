@@ -5,6 +5,7 @@
 
 #include "controls/Errors.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tonvale {
@@ -38,20 +39,27 @@ MediaEngine &MediaPlayer::engine() {
 void MediaPlayer::close() {
     if (fileName_.empty()) return;
     fileName_.clear();
-    engine().close();
     setState(PlayState::Stopped);
+    engine().close();
 }
 
-void MediaPlayer::FileName(const std::string &path) {
+void MediaPlayer::FileName(std::string path) {
+    if (!*self_) throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     close();
+    settle();
     if (path.empty()) return;
     engine().open(path);
-    fileName_ = path;
-    postNotification([this] { OpenStateChange(OpenState::Closed, OpenState::Open); });
+    fileName_ = std::move(path);
+    const std::uint64_t file = ++opened_;
+    const auto tellOpened = [this, file] {
+        if (file == opened_ && !fileName_.empty()) OpenStateChange(OpenState::Closed, OpenState::Open);
+    };
+    post(tellOpened, false);
     if (AutoStart) Play();
 }
 
 void MediaPlayer::Play() {
+    settle();
     if (fileName_.empty() || state_ == PlayState::Playing) return;
     engine().play();
     setState(PlayState::Playing);
@@ -70,14 +78,30 @@ void MediaPlayer::Stop() {
 }
 
 void MediaPlayer::onEnded() {
-    if (fileName_.empty() || state_ == PlayState::Stopped) return;
-    engine().stop();
-    setState(PlayState::Stopped);
+    if (state_ != PlayState::Stopped) Stop();
 }
 
-double MediaPlayer::Duration() const { return fileName_.empty() ? 0 : engine_->duration(); }
+void MediaPlayer::shutDown() {
+    *self_ = nullptr;
+    waiting_.clear();
+    fileName_.clear();
+    state_ = PlayState::Stopped;
+    engine_.reset();
+}
 
-double MediaPlayer::CurrentPosition() const { return fileName_.empty() ? 0 : engine_->position(); }
+void MediaPlayer::checkOpen() const {
+    if (fileName_.empty()) throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+}
+
+double MediaPlayer::Duration() const {
+    checkOpen();
+    return engine_->duration();
+}
+
+double MediaPlayer::CurrentPosition() const {
+    checkOpen();
+    return engine_->position();
+}
 
 void MediaPlayer::CurrentPosition(double seconds) {
     if (!fileName_.empty()) engine_->seek(seconds);
@@ -98,13 +122,28 @@ void MediaPlayer::Balance(std::int32_t balance) {
 void MediaPlayer::setState(PlayState state) {
     if (state == state_) return;
     const PlayState old = std::exchange(state_, state);
-    postNotification([this, old, state] { PlayStateChange(old, state); });
+    post([this, old, state] { PlayStateChange(old, state); }, state == PlayState::Stopped);
 }
 
-void MediaPlayer::postNotification(std::function<void()> notify) {
-    loop_.post([self = self_, notify = std::move(notify)] {
-        if (*self) notify();
+void MediaPlayer::post(std::function<void()> notify, bool isStop) {
+    if (!*self_) return;
+    waiting_.push_back({std::move(notify), isStop});
+    loop_.post([self = self_] {
+        if (*self) (*self)->deliverNext();
     });
+}
+
+// What settle() has delivered already leaves its turn in the loop to a later one, or to none.
+void MediaPlayer::deliverNext() {
+    if (waiting_.empty()) return;
+    const Notification next = std::move(waiting_.front());
+    waiting_.pop_front();
+    next.notify();
+}
+
+void MediaPlayer::settle() {
+    const auto isStop = [](const Notification &notification) { return notification.isStop; };
+    while (std::any_of(waiting_.begin(), waiting_.end(), isStop)) deliverNext();
 }
 
 } // namespace tonvale

@@ -7,6 +7,7 @@
 #include "controls/Loop.h"
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -47,7 +48,9 @@ enum class PlayState : std::int32_t { Stopped = 0, Paused = 1, Playing = 2 };
 enum class OpenState : std::int32_t { Closed = 0, Open = 6 };
 
 // The media player control. Its engine is made at the first file. Notifications arrive from the
-// loop, in the order in which their causes happened, each once.
+// loop, in the order in which their causes happened, each once. One exception keeps an old stop
+// from being taken for a stop of what has been started since: stops that wait are delivered
+// before Play, before a file is opened, and by settle().
 class MediaPlayer : public Control {
 public:
     MediaPlayer(EventLoop &loop, MediaEngineFactory factory);
@@ -58,18 +61,22 @@ public:
     Event<std::int16_t, std::int16_t, double, double> MouseMove, MouseUp; // button, shift, x, y
 
     // Opens the file; throws RuntimeError. The empty text closes. With AutoStart it begins to play.
-    void FileName(const std::string &path);
+    void FileName(std::string path);
     [[nodiscard]] const std::string &FileName() const { return fileName_; }
     bool AutoStart = true;
 
-    void Play();
+    void Play(); // nothing happens when no file is open
     void Pause();
     void Stop(); // goes back to the start
+    // Delivers now what waits in the loop, up to the last stop.
+    void settle();
+    // For a window that goes away: closes, and from now on neither opens nor notifies.
+    void shutDown();
     [[nodiscard]] PlayState State() const { return state_; }
 
-    [[nodiscard]] double Duration() const;        // seconds
-    [[nodiscard]] double CurrentPosition() const; // seconds
-    void CurrentPosition(double seconds);
+    [[nodiscard]] double Duration() const;                    // seconds; error 5 when no file is open
+    [[nodiscard]] double CurrentPosition() const;             // the same
+    void CurrentPosition(double seconds);                     // nothing happens when no file is open
     [[nodiscard]] double SelectionStart() const { return 0; } // seconds
     [[nodiscard]] std::int32_t Volume() const { return volume_; }
     void Volume(std::int32_t volume); // -10000 to 0, error 380 outside
@@ -83,15 +90,24 @@ private:
     MediaEngine &engine();
     void close();
     void setState(PlayState state);
-    void postNotification(std::function<void()> notify);
+    void checkOpen() const;
+    void post(std::function<void()> notify, bool isStop);
+    void deliverNext();
     void onEnded();
+
+    struct Notification {
+        std::function<void()> notify;
+        bool isStop;
+    };
 
     EventLoop &loop_;
     MediaEngineFactory factory_;
     std::unique_ptr<MediaEngine> engine_;
     // Notifications that wait in the loop look here whether the control still exists.
     std::shared_ptr<MediaPlayer *> self_;
+    std::deque<Notification> waiting_;
     std::string fileName_;
+    std::uint64_t opened_ = 0; // counts the files, so that news of an older one can be told
     PlayState state_ = PlayState::Stopped;
     std::int32_t volume_ = 0, balance_ = 0;
 };

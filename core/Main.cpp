@@ -27,32 +27,36 @@ void CloseOtherInstances(Application &app) {
     WindowSearch search(app.services.windows);
     const std::string pattern = "*" + app.services.program.title + "*";
     if (search.FindWindowLike(kDesktopWindow, kFormClassPattern, pattern, SearchFor::All) == 0) return;
-    for (const WindowInfo &window : search.found()) app.services.windows.sendClose(window.handle);
+    for (const WindowInfo &window : search.found())
+        resumeNext(app.Err, [&] { app.services.windows.sendClose(window.handle); });
 }
 
 StartResult Main(Application &app) {
     app.Err.Clear();
-    resumeNext(app.Err, [&] {
-        if (textToDouble(app.setting(setting::kMultiInstances, "0")) == 0.0) CloseOtherInstances(app);
+    const bool readable = resumeNext(app.Err, [&] {
+        const bool alone = textToDouble(app.setting(setting::kMultiInstances, "0")) == 0.0;
+        if (alone) CloseOtherInstances(app);
     });
-    if (app.Err.Number != 0) {
+    if (!readable) {
         app.box(kRegistryFailure, BoxIcon::Information, BoxPlace::Foreground);
         return StartResult::Ended;
     }
     resumeNext(app.Err, [&] { app.form1.form().Show(); });
-    return StartResult::Running;
+    // Somebody may have closed it while a box was up in its load.
+    return app.form1.isLoaded() ? StartResult::Running : StartResult::Ended;
 }
 
 void CloseForms(Application &app, Form &keep) {
     try {
         // A window that is unloaded may load or unload others, so the collection is looked at anew
         // after each; one that refuses is not asked twice.
-        const std::vector<Form *> atStart = app.forms.loaded();
-        for (Form *form : atStart) {
-            const auto &loaded = app.forms.loaded();
-            const bool still = std::find(loaded.begin(), loaded.end(), form) != loaded.end();
-            if (still && form != &keep) form->Unload();
-        }
+        std::vector<const Form *> refused{&keep};
+        const auto toAsk = [&](const Form *form) {
+            return std::find(refused.begin(), refused.end(), form) == refused.end();
+        };
+        const std::vector<Form *> &loaded = app.forms.loaded();
+        for (auto next = loaded.begin(); (next = std::find_if(loaded.begin(), loaded.end(), toAsk)) != loaded.end();)
+            if (!(*next)->Unload()) refused.push_back(*next);
         keep.Unload();
     } catch (const RuntimeError &error) {
         app.Err.set(error);

@@ -39,20 +39,26 @@ std::int16_t boxValue(const std::string &text) {
 
 Settings::Settings(Application &app) : Form(app.forms, "Settings"), app_(app) {
     Caption = "General Settings";
-    Check3.Click = [this] { Check3_Click(); };
+    Check3.Click = handler([this] { Check3_Click(); });
 }
 
-// The first failure ends the handler; what has been read until then stays.
 void Settings::Form_Load() {
-    attempt([&] {
+    std::array<std::string, kBoxSettings.size()> texts;
+    readable_ = attempt([&] {
         const std::string temporary = lowerCase(app_.services.files.temporaryDirectory());
         Label2.Caption = app_.setting(setting::kTempLocation, temporary);
-        for (const BoxSetting &entry : kBoxSettings)
-            (this->*entry.box).Value = boxValue(app_.setting(entry.key, entry.fallback));
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            texts[i] = app_.setting(kBoxSettings[i].key, kBoxSettings[i].fallback);
+    });
+    if (!readable_) return;
+    // The first text that is no box's state ends the handler; what was set until then stays.
+    attempt([&] {
+        for (std::size_t i = 0; i < texts.size(); ++i) (this->*kBoxSettings[i].box).Value = boxValue(texts[i]);
     });
 }
 
 void Settings::Form_Unload(std::int16_t & /*cancel*/) {
+    if (!readable_) return; // what could not be read is not to be written over
     attempt([&] {
         app_.saveSetting(setting::kTempLocation, Label2.Caption);
         for (const BoxSetting &entry : kBoxSettings)
@@ -61,13 +67,11 @@ void Settings::Form_Unload(std::int16_t & /*cancel*/) {
 }
 
 void Settings::Check3_Click() {
-    attempt([&] {
-        Form &mainWindow = app_.form1.form();
-        if (Check3.Value == 1)
-            StayOnTop(mainWindow);
-        else
-            NotOnTop(mainWindow);
-    });
+    if (!app_.form1.isLoaded()) return;
+    if (Check3.Value == 1)
+        StayOnTop(app_.form1.form());
+    else
+        NotOnTop(app_.form1.form());
 }
 
 void registerDesktopWindows(Application &app) {

@@ -30,6 +30,7 @@ private:
     void Check3_Click();
 
     Application &app_;
+    bool readable_ = false; // the store could be read at load
 };
 
 // Says how the windows of this folder are made.

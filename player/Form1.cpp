@@ -22,7 +22,7 @@ namespace {
 constexpr double kDesignWidth = 7500;  // twips
 constexpr double kDesignHeight = 4665; // twips
 constexpr double kPictureMargin = 120; // twips
-constexpr double kPanelHeight = 3975;  // twips; pictures lie below
+constexpr double kDesignChrome = 690;  // twips; title and menu
 constexpr const char *kPositionsPath = "SOFTWARE\\FMS\\Test CFormPos";
 constexpr const char *kRecentFilesPath = "SOFTWARE\\Orvane Tonvale\\MRU";
 constexpr const char *kPlaylistDescription = "Orvane Tonvale PlayList File";
@@ -30,19 +30,26 @@ constexpr const char *kLeftoverProgram = "qlv.Exe";
 constexpr const char *kBatchConverterTitle = "*WAV Batch Converter*";
 constexpr const char *kFormClassPattern = "Thunder*Form*";
 
+std::unique_ptr<CDReader> makeReader(Application &app) {
+    auto reader = app.services.makeCDReader ? app.services.makeCDReader() : nullptr;
+    return reader ? std::move(reader) : std::make_unique<AbsentCDReader>();
+}
+
 } // namespace
 
 Form1::Form1(Application &app)
     : Form(app.forms, "Form1"), ActiveMovie1(app.services.loop, app.services.makeMediaEngine),
-      CDReader(app.services.makeCDReader()), Timer1(app.services.loop, 500), Timer2(app.services.loop, 125),
+      CDReader(makeReader(app)), Timer1(app.services.loop, 500), Timer2(app.services.loop, 125),
       Timer3(app.services.loop, 100), CDR_Timer(app.services.loop, 1000), RecentFiles(app), app_(app),
       VolumeControl_(app.services.mixer), WindowMover(app) {
     Caption = app.services.program.title;
     Width = kDesignWidth;
     Height = kDesignHeight;
+    setChrome(0, kDesignChrome);
+    // The frame for a picture of no height is the window as it is.
     ActiveMovie1.Left = kPictureMargin;
-    ActiveMovie1.Top = kPanelHeight;
-    ActiveMovie1.Width = kDesignWidth - 2 * kPictureMargin;
+    ActiveMovie1.Top = ScaleHeight() - kPictureMargin;
+    ActiveMovie1.Width = ScaleWidth() - 2 * kPictureMargin;
     ActiveMovie1.Visible = false;
     connectPanel();
     connectDragging();
@@ -60,27 +67,27 @@ void Form1::connectPanel() {
     btnMute.ToolTipText = "Mute";
     btnDelete.ToolTipText = "Delete";
     btnHelp.ToolTipText = "Help";
-    btnPlay.Click = [this] { btnPlay_Click(); };
-    btnPlayCurrent.Click = [this] { btnPlayCurrent_Click(); };
-    btnPlayCurrent.MouseMove = [this] { btnPlayCurrent_MouseMove(); };
-    btnPause.Click = [this] { btnPause_Click(); };
-    btnStop.Click = [this] { btnStop_Click(); };
-    btnMute.Click = [this] { MuteMenu_Click(); };
-    btnMute.MouseMove = [this] { btnMute_MouseMove(); };
-    slidTracker.Change = [this] { slidTracker_Change(); };
-    slidTracker.Scroll = [this] { slidTracker_Change(); };
-    MMLEDSpinX1.Change = [this] { MMLEDSpinX1_Change(); };
-    MMLEDSpinX2.Change = [this] { MMLEDSpinX2_Change(); };
-    slidBalance.Change = [this] { slidBalance_Change(); };
-    slidBalance.Scroll = [this] { slidBalance_Change(); };
-    cmdBalance0.Click = [this] { cmdBalance0_Click(); };
+    btnPlay.Click = handler([this] { btnPlay_Click(); });
+    btnPlayCurrent.Click = handler([this] { btnPlayCurrent_Click(); });
+    btnPlayCurrent.MouseMove = handler([this] { btnPlayCurrent_MouseMove(); });
+    btnPause.Click = handler([this] { btnPause_Click(); });
+    btnStop.Click = handler([this] { btnStop_Click(); });
+    btnMute.Click = handler([this] { MuteMenu_Click(); });
+    btnMute.MouseMove = handler([this] { btnMute_MouseMove(); });
+    slidTracker.Change = handler([this] { slidTracker_Change(); });
+    slidTracker.Scroll = handler([this] { slidTracker_Change(); });
+    MMLEDSpinX1.Change = handler([this] { MMLEDSpinX1_Change(); });
+    MMLEDSpinX2.Change = handler([this] { MMLEDSpinX2_Change(); });
+    slidBalance.Change = handler([this] { slidBalance_Change(); });
+    slidBalance.Scroll = handler([this] { slidBalance_Change(); });
+    cmdBalance0.Click = handler([this] { cmdBalance0_Click(); });
 }
 
 void Form1::connectDragging() {
     const auto drags = [this](MouseEvents &part) {
-        part.MouseDown = [this](double x, double y) { WindowMover.HandleMouseDown(x, y); };
-        part.MouseMove = [this](double x, double y) { WindowMover.HandleMouseMove(x, y); };
-        part.MouseUp = [this] { WindowMover.HandleMouseUp(); };
+        part.MouseDown = handler([this](double x, double y) { WindowMover.HandleMouseDown(x, y); });
+        part.MouseMove = handler([this](double x, double y) { WindowMover.HandleMouseMove(x, y); });
+        part.MouseUp = handler([this] { WindowMover.HandleMouseUp(); });
     };
     const auto draws = [&](auto &...parts) { (drags(parts), ...); };
     draws(static_cast<Form &>(*this), framePanel, Label3, lblTime, lblLength, lblProgress, lblVolume, lblMasterVolume,
@@ -91,32 +98,33 @@ void Form1::connectDragging() {
 }
 
 void Form1::connectMenus() {
-    playmenu.Click = [this] { playmenu_Click(); };
-    playnewpop.Click = [this] { playmenu_Click(); };
-    VidPlayPop.Click = [this] { playmenu_Click(); };
-    playcurrentmenu.Click = [this] { playcurrentmenu_Click(); };
-    playcurrentpop.Click = [this] { playcurrentmenu_Click(); };
-    VidPlayCurrentPop.Click = [this] { playcurrentmenu_Click(); };
-    PauseMenu.Click = [this] { PauseMenu_Click(); };
-    PauseMenuPop.Click = [this] { PauseMenu_Click(); };
-    VidPausePop.Click = [this] { PauseMenu_Click(); };
-    StopMenu.Click = [this] { StopMenu_Click(); };
-    ControlsMenu.Click = [this] { ControlsMenu_Click(); };
-    MuteMenu.Click = [this] { MuteMenu_Click(); };
-    VidMutePop.Click = [this] { MuteMenu_Click(); };
-    ExitMenu.Click = [this] { Unload(); };
-    for (std::size_t i = 1; i < mnuFileMRU.size(); ++i) mnuFileMRU[i].Click = [this, i] { mnuFileMRU_Click(i); };
+    playmenu.Click = handler([this] { playmenu_Click(); });
+    playnewpop.Click = handler([this] { playmenu_Click(); });
+    VidPlayPop.Click = handler([this] { playmenu_Click(); });
+    playcurrentmenu.Click = handler([this] { playcurrentmenu_Click(); });
+    playcurrentpop.Click = handler([this] { playcurrentmenu_Click(); });
+    VidPlayCurrentPop.Click = handler([this] { playcurrentmenu_Click(); });
+    PauseMenu.Click = handler([this] { PauseMenu_Click(); });
+    PauseMenuPop.Click = handler([this] { PauseMenu_Click(); });
+    VidPausePop.Click = handler([this] { PauseMenu_Click(); });
+    StopMenu.Click = handler([this] { StopMenu_Click(); });
+    ControlsMenu.Click = handler([this] { ControlsMenu_Click(); });
+    MuteMenu.Click = handler([this] { MuteMenu_Click(); });
+    VidMutePop.Click = handler([this] { MuteMenu_Click(); });
+    ExitMenu.Click = handler([this] { Unload(); });
+    for (std::size_t i = 1; i < mnuFileMRU.size(); ++i)
+        mnuFileMRU[i].Click = handler([this, i] { mnuFileMRU_Click(i); });
 }
 
 void Form1::connectEngines() {
-    ActiveMovie1.OpenStateChange = [this](OpenState, OpenState) { ActiveMovie1_OpenStateChange(); };
-    ActiveMovie1.PlayStateChange = [this](PlayState, PlayState state) { ActiveMovie1_PlayStateChange(state); };
-    ActiveMovie1.MouseMove = [this](auto...) { ActiveMovie1_MouseMove(); };
-    ActiveMovie1.MouseUp = [this](std::int16_t button, auto...) { ActiveMovie1_MouseUp(button); };
-    Timer1.Tick = [this] { Timer1_Timer(); };
-    Timer2.Tick = [this] { Timer2_Timer(); };
-    Timer3.Tick = [this] { Timer3_Timer(); };
-    CDR_Timer.Tick = [this] { CDR_Timer_Timer(); };
+    ActiveMovie1.OpenStateChange = handler([this](OpenState, OpenState) { ActiveMovie1_OpenStateChange(); });
+    ActiveMovie1.PlayStateChange = handler([this](PlayState, PlayState state) { ActiveMovie1_PlayStateChange(state); });
+    ActiveMovie1.MouseMove = handler([this](auto...) { ActiveMovie1_MouseMove(); });
+    ActiveMovie1.MouseUp = handler([this](std::int16_t button, auto...) { ActiveMovie1_MouseUp(button); });
+    Timer1.Tick = handler([this] { Timer1_Timer(); });
+    Timer2.Tick = handler([this] { Timer2_Timer(); });
+    Timer3.Tick = handler([this] { Timer3_Timer(); });
+    CDR_Timer.Tick = handler([this] { CDR_Timer_Timer(); });
 }
 
 bool Form1::settingIsOn(CheckBox Settings::*box) {
@@ -126,9 +134,9 @@ bool Form1::settingIsOn(CheckBox Settings::*box) {
 }
 
 void Form1::readBaseSize() {
-    OriginalWidth = toInt32(Width);
-    OriginalHeight = toInt32(Height);
-    VideoMargin = toInt32(ActiveMovie1.Left);
+    attempt([&] { OriginalWidth = toInt32(Width); });
+    attempt([&] { OriginalHeight = toInt32(Height); });
+    attempt([&] { VideoMargin = toInt32(ActiveMovie1.Left); });
 }
 
 void Form1::Form_Load() {
@@ -203,13 +211,17 @@ void Form1::Form_Unload(std::int16_t & /*cancel*/) {
     if (MuteMenu.Caption == caption::kUnMute) MuteMenu_Click();
     closeBatchConverter();
     CloseForms(app_, *this);
+    // Nothing that waits in the loop may reach a window that is gone.
+    for (Timer *timer : {&Timer1, &Timer2, &Timer3, &CDR_Timer}) timer->Enabled(false);
+    ActiveMovie1.shutDown();
 }
 
 void Form1::closeBatchConverter() {
     attempt([&] {
         WindowSearch search(app_.services.windows);
         search.FindWindowLike(kDesktopWindow, kFormClassPattern, kBatchConverterTitle, SearchFor::All);
-        for (const WindowInfo &window : search.found()) app_.services.windows.sendClose(window.handle);
+        for (const WindowInfo &window : search.found())
+            attempt([&] { app_.services.windows.sendClose(window.handle); });
     });
 }
 

@@ -148,11 +148,11 @@ private:
     [[nodiscard]] std::string audioTrackName() const;
 
     // ---- open_roads.cpp ----
-    void Announce(const std::string &path);
+    void Announce(std::string path);
     void StopEngines();
-    void StartVivo(const std::string &path);
-    void StartMedia(const std::string &path);
-    void openInEngine(const std::string &path);
+    void StartVivo(std::string path);
+    void StartMedia(std::string path);
+    void openInEngine(std::string path);
     void OpenPlaylist(const std::string &path);
     // Moves song.ram to song.ra, whose path stays in RaPath. False: the user has been told why.
     bool RenameRam(const std::string &path);
@@ -160,6 +160,7 @@ private:
     void setCurrent(const std::string &path);
     bool openFromCommandLine(const std::string &path);
     void openRamFromCommandLine(const std::string &path);
+    void execute(std::string &commandString);
     void openFromDesktop(const std::string &path);
     std::string chooseMediaFile();
     void openFromDialog();

@@ -43,7 +43,7 @@ constexpr const char *kMediaFilter =
 
 // ---- shared steps ---------------------------------------------------------------------------
 
-void Form1::Announce(const std::string &path) {
+void Form1::Announce(std::string path) {
     const std::string folded = lowerCase(path);
     attempt([&] {
         RecentFiles.SetMRUList(folded, "File length: " + std::to_string(app_.services.files.fileLength(path)));
@@ -54,21 +54,23 @@ void Form1::Announce(const std::string &path) {
 void Form1::StopEngines() {
     attempt([&] { ActiveMovie1.Stop(); });
     attempt([&] { CDReader->StopPlay(); });
+    // The stop is this road's, not of what it starts next.
+    ActiveMovie1.settle();
 }
 
-void Form1::StartVivo(const std::string &path) {
+void Form1::StartVivo(std::string path) {
     attempt([&] { app_.VivoPlayer->VvWeb1().LoadFile(path); });
     attempt([&] { app_.VivoPlayer->VvWeb1().Start(); });
     attempt([&] { app_.VivoPlayer->Show(); });
 }
 
-void Form1::StartMedia(const std::string &path) {
+void Form1::StartMedia(std::string path) {
     ActiveMovie1.AutoStart = true;
-    openInEngine(path);
+    openInEngine(std::move(path));
 }
 
-void Form1::openInEngine(const std::string &path) {
-    attempt([&] { ActiveMovie1.FileName(path); });
+void Form1::openInEngine(std::string path) {
+    attempt([&] { ActiveMovie1.FileName(std::move(path)); });
     attempt([&] { ActiveMovie1.Play(); });
     ZOrder();
 }
@@ -144,6 +146,11 @@ void Form1::openRamFromCommandLine(const std::string &path) {
 
 void Form1::Form_LinkExecute(std::string &commandString, std::int16_t &cancel) {
     cancel = 0;
+    const Forms::HandlerScope scope(forms());
+    attempt([&] { execute(commandString); });
+}
+
+void Form1::execute(std::string &commandString) {
     Height = kHeightAfterExecute;
     readBaseSize();
     if (State == WindowState::Minimized) State = WindowState::Normal;

@@ -5,15 +5,17 @@
 
 #include "controls/Errors.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <system_error>
 
 namespace tonvale {
 
 namespace {
+
+constexpr double kLargestFormatted = 1e15;
 
 template <class Int> Int checkedInt(double value) {
     const double rounded = roundEven(value);
@@ -30,6 +32,12 @@ template <class Int> Int checkedInt(std::int64_t value) {
 }
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// A formatted number has at most this many digits here; more do not fit.
+std::int64_t wholeNumber(double value) {
+    if (!(value <= kLargestFormatted)) throw RuntimeError(ErrorNumber::Overflow);
+    return static_cast<std::int64_t>(value);
+}
 
 // The blanks that numericPrefix() passes over.
 std::string withoutBlanks(std::string_view text) {
@@ -92,15 +100,30 @@ Decimal decimalPrefix(std::string_view text) {
     return result;
 }
 
+// The power of ten of the number's first digit that is not 0; what is out of range is far out.
+double decimalMagnitude(std::string_view number) {
+    const std::size_t e = number.find('e');
+    double exponent = 0;
+    if (e != std::string_view::npos) {
+        const bool negative = number[e + 1] == '-';
+        for (const char digit : number.substr(e + (negative ? 2 : 1))) exponent = exponent * 10 + (digit - '0');
+        if (negative) exponent = -exponent;
+    }
+    const std::string_view mantissa = number.substr(0, e);
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const std::size_t first = mantissa.find_first_of("123456789");
+    if (first == std::string_view::npos) return -1;
+    const double place = first < point ? static_cast<double>(point - first) - 1 : -static_cast<double>(first - point);
+    return exponent + place;
+}
+
 double decimalValue(const std::string &number) {
     double value = 0;
     const auto parsed = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (parsed.ec != std::errc::result_out_of_range) return value;
     // Too small a number is 0; too large a one does not fit.
-    if (parsed.ec == std::errc::result_out_of_range) {
-        if (number.find("e-") != std::string::npos) return 0;
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    return value;
+    if (decimalMagnitude(number) < 0) return 0;
+    throw RuntimeError(ErrorNumber::Overflow);
 }
 
 } // namespace
@@ -160,13 +183,13 @@ std::string booleanToText(bool value) { return value ? "True" : "False"; }
 
 std::string formatDigits(double value, int minimumDigits) {
     const double rounded = std::round(value); // half away from zero
-    std::string digits = std::to_string(static_cast<std::int64_t>(std::fabs(rounded)));
+    std::string digits = std::to_string(wholeNumber(std::fabs(rounded)));
     while (digits.size() < static_cast<std::size_t>(minimumDigits)) digits.insert(digits.begin(), '0');
     return rounded < 0 ? "-" + digits : digits;
 }
 
 std::string formatOneDecimal(double value) {
-    const auto tenths = static_cast<std::int64_t>(std::round(std::fabs(value) * 10));
+    const std::int64_t tenths = wholeNumber(std::round(std::fabs(value) * 10));
     const std::string digits = std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
     return value < 0 && tenths != 0 ? "-" + digits : digits;
 }

@@ -3,6 +3,8 @@
 
 #include "controls/Text.h"
 
+#include "controls/Utf8.h"
+
 #include <cstdint>
 #include <optional>
 
@@ -34,17 +36,15 @@ std::optional<std::uint32_t> upperOf(std::uint32_t letter) {
     return std::nullopt;
 }
 
-bool isContinuation(unsigned char c) { return (c & 0xC0) == 0x80; }
-
 template <class FoldAscii, class FoldLetter>
 std::string fold(std::string_view text, FoldAscii foldAscii, FoldLetter foldLetter) {
     std::string result(text);
+    const bool hasLetters = isUtf8(text); // beyond ASCII
     for (std::size_t i = 0; i < result.size(); ++i) {
         const auto c = static_cast<unsigned char>(result[i]);
         if (c < 0x80) {
             result[i] = foldAscii(result[i]);
-        } else if (c >= 0xC2 && c <= 0xDF && i + 1 < result.size() &&
-                   isContinuation(static_cast<unsigned char>(result[i + 1]))) {
+        } else if (hasLetters && c >= 0xC2 && c <= 0xDF) {
             const std::uint32_t letter = (c & 0x1Fu) << 6 | (static_cast<unsigned char>(result[i + 1]) & 0x3Fu);
             if (const auto folded = foldLetter(letter)) {
                 result[i] = static_cast<char>(0xC0 | *folded >> 6);

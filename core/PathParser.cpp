@@ -9,10 +9,12 @@ namespace tonvale {
 
 namespace {
 
+// Blanks and double quotes may alternate at both ends, so taking both off at once is the same.
 std::string withoutQuotesAndBlanks(const std::string &path) {
-    std::string text = trimBlanks(path);
-    while (text.starts_with('"') || text.ends_with('"')) text = trimBlanks(withoutOuterQuotes(text));
-    return text;
+    constexpr const char *kStripped = "\" ";
+    const std::size_t first = path.find_first_not_of(kStripped);
+    if (first == std::string::npos) return {};
+    return path.substr(first, path.find_last_not_of(kStripped) - first + 1);
 }
 
 } // namespace

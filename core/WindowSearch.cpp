@@ -9,7 +9,7 @@ namespace tonvale {
 
 namespace {
 
-constexpr std::size_t kNameBuffer = 512; // longer classes and titles are compared by their start
+constexpr std::size_t kNameBuffer = 511; // 512 with its zero; longer classes and titles are compared by their start
 
 } // namespace
 

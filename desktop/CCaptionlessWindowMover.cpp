@@ -31,8 +31,8 @@ void CCaptionlessWindowMover::HandleMouseMove(double x, double y) {
 
 void CCaptionlessWindowMover::HandleMouseUp() {
     withErrorBox(app_, "HandleMouseUp", [&] {
-        boundForm().MouseCaptured = false;
         dragging_ = false;
+        boundForm().MouseCaptured = false;
     });
 }
 

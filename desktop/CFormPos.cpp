@@ -4,6 +4,7 @@
 #include "desktop/CFormPos.h"
 
 #include "controls/Numbers.h"
+#include "controls/Text.h"
 #include "desktop/error_box.h"
 #include "desktop/text_values.h"
 
@@ -21,7 +22,7 @@ std::string singleText(double value) {
     std::array<char, 32> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<float>(value),
                                    std::chars_format::general, kSingleDigits);
-    return {buffer.data(), end.ptr};
+    return upperCase({buffer.data(), end.ptr});
 }
 
 std::int32_t numberAfter(const std::string &text, const char *key) {
@@ -84,9 +85,9 @@ bool CFormPos::RestoreForm(KeepOnScreen keep) {
 void CFormPos::moveTo(const std::string &text, KeepOnScreen keep) {
     double left = numberAfter(text, "L="), top = numberAfter(text, "T=");
     const double width = numberAfter(text, "W="), height = numberAfter(text, "H=");
-    const auto state = static_cast<WindowState>(numberAfter(text, "S="));
-    if (state == WindowState::Minimized || state == WindowState::Maximized) {
-        boundForm().State = state;
+    const std::int32_t state = numberAfter(text, "S=");
+    if (state == 1 || state == 2) {
+        boundForm().State = static_cast<WindowState>(state);
         return;
     }
     if (keep == KeepOnScreen::Yes) {

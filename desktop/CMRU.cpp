@@ -27,7 +27,7 @@ void CMRU::MenuItem(std::int16_t index, tonvale::MenuEntry *entry) {
     if (index >= 0 && index <= maxItems_) entries_[static_cast<std::size_t>(index)] = entry;
 }
 
-std::string CMRU::readValue(const std::string &prefix, std::int16_t position) {
+std::string CMRU::readValue(const std::string &prefix, int position) {
     std::string text;
     resumeNext(app_.Err, [&] {
         text = RegistryGetKeyValue(app_.services.registry, RootKey, keyBelow(RegistryPath, SubKey),
@@ -36,7 +36,7 @@ std::string CMRU::readValue(const std::string &prefix, std::int16_t position) {
     return text;
 }
 
-void CMRU::writeItem(std::int16_t position, const Item &item) {
+void CMRU::writeItem(int position, const Item &item) {
     const std::string key = keyBelow(RegistryPath, SubKey);
     const std::string number = std::to_string(position);
     Registry &registry = app_.services.registry;
@@ -47,7 +47,7 @@ void CMRU::writeItem(std::int16_t position, const Item &item) {
 
 std::vector<CMRU::Item> CMRU::storedItems() {
     std::vector<Item> items;
-    for (std::int16_t position = 1; position <= maxItems_; ++position) {
+    for (int position = 1; position <= maxItems_; ++position) {
         std::string text = readValue(Prefix, position);
         if (!text.empty()) items.push_back({std::move(text), readValue(TagPrefix, position)});
     }
@@ -72,13 +72,13 @@ void CMRU::GetMRUList() {
 
 void CMRU::SetMRUList(const std::string &item, const std::string &tag) {
     if (item.empty()) {
-        for (std::int16_t position = 1; position <= maxItems_; ++position) writeItem(position, {});
+        for (int position = 1; position <= maxItems_; ++position) writeItem(position, {});
     } else {
         std::vector<Item> items{{item, tag}};
         for (Item &stored : storedItems())
             if (!equalFolded(stored.text, item)) items.push_back(std::move(stored));
         const auto count = std::min(items.size(), static_cast<std::size_t>(maxItems_));
-        for (std::size_t i = 0; i < count; ++i) writeItem(static_cast<std::int16_t>(i + 1), items[i]);
+        for (std::size_t i = 0; i < count; ++i) writeItem(static_cast<int>(i + 1), items[i]);
     }
     GetMRUList();
 }

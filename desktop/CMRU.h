@@ -41,8 +41,8 @@ private:
     };
     static constexpr std::int16_t kDefaultItems = 4;
 
-    [[nodiscard]] std::string readValue(const std::string &prefix, std::int16_t position);
-    void writeItem(std::int16_t position, const Item &item);
+    [[nodiscard]] std::string readValue(const std::string &prefix, int position);
+    void writeItem(int position, const Item &item);
     [[nodiscard]] std::vector<Item> storedItems();
 
     Application &app_;

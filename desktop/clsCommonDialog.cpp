@@ -42,7 +42,6 @@ void clsCommonDialog::show(Call call) {
     if (apiReturn_ == 1) {
         FileName = split(dialog.file, dialog.fileTitle);
         FileTitle = split(dialog.fileTitle, dialog.fileTitle);
-        FilterIndex = dialog.filterIndex;
     } else if (apiReturn_ != 0) {
         extendedError_ = dialogs_.extendedError();
     } else if (CancelError) {

@@ -20,27 +20,29 @@ double span(const MixerControl &control) { return static_cast<double>(control.Ma
 // Closes the mixer at the end of a call.
 class OpenMixer {
 public:
-    explicit OpenMixer(Mixer &mixer) : mixer_(mixer) {}
+    explicit OpenMixer(Mixer &mixer) : mixer_(&mixer) {}
     OpenMixer(const OpenMixer &) = delete;
     OpenMixer &operator=(const OpenMixer &) = delete;
-    ~OpenMixer() { mixer_.close(); }
+    ~OpenMixer() {
+        if (mixer_ != nullptr) mixer_->close();
+    }
+    void leaveOpen() { mixer_ = nullptr; }
 
 private:
-    Mixer &mixer_;
+    Mixer *mixer_;
 };
 
 } // namespace
 
 bool VolumeControl::OpenMasterVolume() {
     if (!mixer_.open()) return false;
-    if (const auto line = mixer_.speakersLine()) {
-        if (const auto control = mixer_.volumeControl(*line)) {
-            VolumeControlRecord = *control;
-            return true;
-        }
-    }
-    mixer_.close();
-    return false;
+    OpenMixer open(mixer_);
+    const auto line = mixer_.speakersLine();
+    const auto control = line ? mixer_.volumeControl(*line) : std::nullopt;
+    if (!control) return false;
+    VolumeControlRecord = *control;
+    open.leaveOpen();
+    return true;
 }
 
 std::int32_t VolumeControl::GetMasterVolume() {

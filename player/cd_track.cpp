@@ -20,7 +20,7 @@ constexpr std::size_t kNumberOffset = 5; // behind "Track"
 std::int32_t Form1::trackOf(const std::string &name) {
     const std::string base = app_.paths.ParsePath(name, "b");
     const std::string number = base.size() > kNumberOffset ? base.substr(kNumberOffset) : std::string();
-    return subtract32(toInt32(numericPrefix(number)), 1);
+    return toInt32(numericPrefix(number) - 1);
 }
 
 const CdTrack &Form1::currentCdTrack() const {

@@ -57,8 +57,8 @@ Form1::FrameSize Form1::askForRealVideo() {
 // The frame that the window needs to hold the picture, in twips.
 Form1::FrameSize Form1::frameForPicture() {
     FrameSize frame;
+    attempt([&] { frame.width = toInt32(ActiveMovie1.Width + 2.0 * VideoMargin + Width - ScaleWidth()); });
     attempt([&] {
-        frame.width = toInt32(ActiveMovie1.Width + 2.0 * VideoMargin + Width - ScaleWidth());
         frame.height = toInt32(ActiveMovie1.Top + ActiveMovie1.Height + Height - ScaleHeight() +
                                VideoMargin / kTwipsPerPixel * kTwipsPerPixel);
     });

@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/machine/files/PosixFileService.h"
+
+#include "platform/machine/base/Directories.h"
+#include "platform/machine/base/SystemErrors.h"
+#include "platform/machine/files/FoldedNames.h"
+#include "platform/machine/files/PosixLineReader.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+
+namespace tonvale {
+
+namespace {
+
+std::string parentOf(const std::string &path) {
+    const std::size_t separator = path.rfind('/');
+    if (separator == std::string::npos) return ".";
+    return separator == 0 ? "/" : path.substr(0, separator);
+}
+
+// A missing name is error 53 in a directory that is there, and error 76 elsewhere.
+RuntimeError errorAt(const std::string &path, int error) {
+    struct stat status {};
+    if (error == ENOENT && ::stat(parentOf(path).c_str(), &status) != 0) return RuntimeError(ErrorNumber::PathNotFound);
+    return systemError(error);
+}
+
+// A zero character would silently shorten the name.
+void requireName(const std::string &path) {
+    if (path.find('\0') != std::string::npos) throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
+}
+
+std::string existingName(const std::string &path) {
+    requireName(path);
+    return findFolded(path);
+}
+
+// For file systems that cannot rename without replacing: a second name never replaces either.
+int renameByLinking(const std::string &from, const std::string &to) {
+    if (::link(from.c_str(), to.c_str()) != 0) return errno;
+    return ::unlink(from.c_str()) == 0 ? 0 : errno;
+}
+
+int renameWithoutReplacing(const std::string &from, const std::string &to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno == EINVAL || errno == ENOSYS) return renameByLinking(from, to);
+    return errno;
+}
+
+void requireRegular(int file) {
+    struct stat status {};
+    if (::fstat(file, &status) != 0) throw systemError(errno);
+    if (!S_ISREG(status.st_mode)) throw RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+} // namespace
+
+std::string PosixFileService::find(const std::string &path) { return findFolded(path); }
+
+bool PosixFileService::fileExists(const std::string &path) {
+    struct stat status {};
+    return path.find('\0') == std::string::npos && ::stat(findFolded(path).c_str(), &status) == 0 &&
+           !S_ISDIR(status.st_mode);
+}
+
+std::int64_t PosixFileService::fileLength(const std::string &path) {
+    const std::string name = existingName(path);
+    struct stat status {};
+    if (::stat(name.c_str(), &status) != 0) throw errorAt(name, errno);
+    if (S_ISDIR(status.st_mode)) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    return status.st_size;
+}
+
+void PosixFileService::rename(const std::string &from, const std::string &to) {
+    requireName(to);
+    const std::string name = existingName(from);
+    struct stat status {};
+    if (::lstat(name.c_str(), &status) != 0) throw errorAt(name, errno);
+    // The new name is taken to the letter; the directory that it goes to is found like any other.
+    const std::size_t separator = to.rfind('/');
+    const std::string target =
+        separator == std::string::npos ? to : findFolded(to.substr(0, separator)) + to.substr(separator);
+    if (const int error = renameWithoutReplacing(name, target)) throw errorAt(target, error);
+}
+
+void PosixFileService::deleteFile(const std::string &path) {
+    const std::string name = existingName(path);
+    if (::unlink(name.c_str()) != 0) throw errorAt(name, errno);
+}
+
+std::unique_ptr<LineReader> PosixFileService::openLines(const std::string &path) {
+    const std::string name = existingName(path);
+    // Not blocking: opening a pipe that nobody writes to must not hang.
+    UniqueFd file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!file) throw errorAt(name, errno == ENXIO ? EISDIR : errno);
+    requireRegular(file.get());
+    return std::make_unique<PosixLineReader>(std::move(file));
+}
+
+std::string PosixFileService::currentDirectory() {
+    std::array<char, PATH_MAX> buffer{};
+    if (::getcwd(buffer.data(), buffer.size()) == nullptr) throw systemError(errno == ENOENT ? ENOTDIR : errno);
+    return buffer.data();
+}
+
+std::string PosixFileService::temporaryDirectory() {
+    const std::string path = cacheDirectory() + "/tmp";
+    (void)openPrivateDirectory(path);
+    return path + "/";
+}
+
+} // namespace tonvale

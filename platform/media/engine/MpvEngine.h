@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "controls/Loop.h"
+#include "controls/MediaPlayer.h"
+#include "platform/media/engine/MediaSource.h"
+#include "platform/media/engine/MpvCore.h"
+#include "platform/media/engine/PlaybackClock.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace tonvale {
+
+// Plays through libmpv. All of it belongs to the user-interface thread; the decoder's threads do no
+// more than ring for the events to be fetched.
+class MpvEngine final : public MediaEngine {
+public:
+    struct Options {
+        std::string outputs = "pulse,alsa,null";
+        std::chrono::milliseconds openTimeout{10'000};
+        std::function<std::shared_ptr<MediaSource>(const std::string &path)> openSource = openMediaSource;
+    };
+
+    MpvEngine(EventLoop &loop, Callbacks callbacks, Options options);
+
+    void open(const std::string &path) override;
+    void close() override;
+    void play() override;
+    void pause() override;
+    void stop() override;
+    [[nodiscard]] double duration() const override;
+    [[nodiscard]] double position() const override;
+    void seek(double seconds) override;
+    void setVolume(std::int32_t volume) override;
+    void setBalance(std::int32_t balance) override;
+
+private:
+    using Steady = PlaybackClock::Steady;
+
+    enum class Loading { Idle, Requested, Opened, Ready, Failed };
+    // A seek is over with the restart that follows the seek event that follows its reply.
+    // Where it leads nowhere, the file is loaded again instead.
+    enum class Seeking { No, Sent, Accepted, Running, Reloading };
+    // What an event answers, besides the serial number of the open or seek that it belongs to.
+    enum class Request : std::uint64_t { None, Load, Seek, Duration, Format, Position, End, Idle, Output };
+
+    // loading.cpp
+    MpvCore &core();
+    [[nodiscard]] bool needsPicture() const;
+    void load(const std::string &path, const std::string &fileOptions);
+    void waitUntilLoaded(Steady::time_point deadline);
+    void finishOpen();
+    void reload();
+    void forget();
+    void onLoadReply(const mpv_event &event);
+    void onFileLoaded();
+    void onEndFile(const mpv_event_end_file &end);
+
+    // events.cpp
+    void drain();
+    void handle(const mpv_event &event);
+    void onReply(const mpv_event &event);
+    void onValue(const mpv_event &event);
+    void onNumber(Request request, double value);
+    void onSeekStep(Seeking from, Seeking to);
+    void endSeek();
+    void watchEnd();
+    void unwatchEnd();
+    void onEndState(bool atEnd);
+    [[nodiscard]] bool hasLostItsWay() const;
+    void updateClock();
+    void askPosition() const;
+    [[nodiscard]] std::uint64_t idOf(Request request) const;
+    [[nodiscard]] bool isCurrent(std::uint64_t id) const;
+
+    void applyBalance();
+
+    EventLoop &loop_;
+    const Callbacks callbacks_;
+    const Options options_;
+    std::unique_ptr<MpvCore> core_; // made at the first file, and anew after one that hung
+
+    std::shared_ptr<MediaSource> source_;
+    Loading loading_ = Loading::Idle;
+    int loadError_ = 0;
+    std::string address_, fileOptions_;
+    std::int64_t entry_ = 0, startedEntry_ = 0;
+    int factsMissing_ = 0;
+    std::string format_;
+    double duration_ = 0;
+
+    std::uint64_t serial_ = 0;
+    Seeking seeking_ = Seeking::No;
+    double sought_ = 0;
+    Steady::time_point found_{};
+    int reloads_ = 0; // in this seek
+    bool watchingEnd_ = false;
+    bool playing_ = false;
+    bool atEnd_ = false;
+    bool finished_ = false; // the end has been reported
+    bool idle_ = true;      // the decoder stands still
+    PlaybackClock clock_;
+    mutable Steady::time_point positionAsked_{};
+
+    std::int32_t volume_ = 0;
+    std::int32_t balance_ = 0;
+    bool balanceInserted_ = false;
+};
+
+} // namespace tonvale

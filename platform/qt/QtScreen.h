@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "core/Services.h"
+
+namespace tonvale {
+
+class QtScreen : public Screen {
+public:
+    double width() override;
+    double height() override;
+};
+
+} // namespace tonvale

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QApplication>
+
+#include <thread>
+
+namespace tonvale {
+
+// The toolkit, with this program's look. Where there is no display the process ends here with one
+// line on standard error.
+class Display {
+public:
+    explicit Display(char *programName);
+
+private:
+    // Fonts are found while the display is being connected.
+    std::jthread fontsLoading_;
+    int argumentCount_ = 1;
+    char *arguments_[2];
+    QApplication application_;
+};
+
+} // namespace tonvale

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "app/Program.h"
+
+#include "app/EndSignals.h"
+#include "app/command_line.h"
+#include "controls/Errors.h"
+#include "core/Main.h"
+#include "desktop/Settings.h"
+#include "platform/machine/base/Directories.h"
+#include "platform/media/MediaModule.h"
+#include "player/Form1.h"
+#include "player/register.h"
+
+#include <QLoggingCategory>
+
+namespace tonvale {
+
+namespace {
+
+void logSkipped(const ErrObject &error) {
+    static const QLoggingCategory category("tonvale.skipped", QtWarningMsg);
+    qCDebug(category, "%d %s", error.Number, error.Description.c_str());
+}
+
+} // namespace
+
+Program::Program(std::span<char *const> arguments, SystemMixer &mixer)
+    : mixer_(mixer), server_(listen()), otherInstances_(server_.get()), app_(services(arguments)) {
+    app_.Err.onSkipped = logSkipped;
+    instanceWindows_.watch(app_.forms);
+    lastFormUnloaded_ = app_.forms.lastFormUnloaded.connect([this] { loop_.quit(); });
+    registerPlayerWindows(app_);
+    registerDesktopWindows(app_);
+    // A file is going to be played, so the decoders load beside the window.
+    if (!app_.services.program.commandLine.empty()) mediaPreload_ = preloadMediaModule(programDirectory());
+}
+
+Services Program::services(std::span<char *const> arguments) {
+    return {.loop = loop_,
+            .clock = clock_,
+            .registry = registry_,
+            .files = files_,
+            .boxes = boxes_,
+            .dialogs = dialogs_,
+            .shell = desktop_.shell(),
+            .recentDocuments = desktop_.recentDocuments(),
+            .screen = screen_,
+            .windows = otherInstances_,
+            .mixer = mixer_,
+            .random = random_,
+            .makeMediaEngine = makeMediaEngineFactory(loop_, programDirectory(),
+                                                      [this](const std::string &path) { return files_.find(path); }),
+            .makeCDReader = [] { return std::make_unique<AbsentCDReader>(); },
+            .program = {.directory = programDirectory(), .commandLine = commandLine(arguments, files_)}};
+}
+
+std::unique_ptr<InstanceServer> Program::listen() {
+    InstanceServer::Handlers handlers;
+    handlers.windows = [this] { return instanceWindows_.list(); };
+    handlers.close = [this](WindowHandle window) { instanceWindows_.close(window); };
+    handlers.execute = [this](std::string command) {
+        std::int16_t cancel = 0;
+        if (app_.form1.isLoaded()) app_.form1->Form_LinkExecute(command, cancel);
+    };
+    try {
+        return std::make_unique<InstanceServer>(loop_, std::move(handlers));
+    } catch (const RuntimeError &error) {
+        qWarning("tonvale: other instances cannot reach this one: %s", error.what());
+        return nullptr;
+    }
+}
+
+int Program::run() {
+    const EndSignals signals([this] { end(); });
+    if (Main(app_) == StartResult::Ended) return 1;
+    loop_.run();
+    end(); // a session that ends stops the loop only
+    return 0;
+}
+
+void Program::end() { app_.form1.Unload(); }
+
+} // namespace tonvale

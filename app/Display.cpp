@@ -4,6 +4,7 @@
 #include "app/Display.h"
 
 #include "ui/PanelPart.h"
+#include "ui/PanelStyle.h"
 #include "ui/theme.h"
 
 #include <QLoggingCategory>
@@ -11,7 +12,7 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
-#include <fontconfig/fontconfig.h>
+#include <memory>
 
 namespace tonvale {
 
@@ -33,7 +34,7 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext & /*context*/, c
 // To be called before the toolkit starts: a style that it looks for itself costs time.
 int &prepared(int &argumentCount) {
     qInstallMessageHandler(endWithoutDisplay);
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle(std::make_unique<PanelStyle>().release()); // the application owns it
     QApplication::setDesktopFileName(QStringLiteral("org.orvane.Tonvale"));
     QApplication::setApplicationName(QStringLiteral("tonvale"));
     QApplication::setOrganizationDomain(QStringLiteral("orvane.example"));
@@ -43,9 +44,8 @@ int &prepared(int &argumentCount) {
 } // namespace
 
 Display::Display(char *programName)
-    : fontsLoading_([] { FcInit(); }), arguments_{programName, nullptr},
-      // No argument is the toolkit's: a file may be named like one of its options.
-      application_(prepared(argumentCount_), arguments_) {
+    // No argument is the toolkit's: a file may be named like one of its options.
+    : arguments_{programName, nullptr}, application_(prepared(argumentCount_), arguments_) {
     qInstallMessageHandler(nullptr);
     std::setlocale(LC_NUMERIC, "C");                // which the media libraries count on
     QApplication::setQuitOnLastWindowClosed(false); // a window may be hidden and play on

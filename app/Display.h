@@ -5,8 +5,6 @@
 
 #include <QApplication>
 
-#include <thread>
-
 namespace tonvale {
 
 // The toolkit, with this program's look. Where there is no display the process ends here with one
@@ -16,8 +14,6 @@ public:
     explicit Display(char *programName);
 
 private:
-    // Fonts are found while the display is being connected.
-    std::jthread fontsLoading_;
     int argumentCount_ = 1;
     char *arguments_[2];
     QApplication application_;

@@ -15,6 +15,8 @@
 
 #include <QLoggingCategory>
 
+#include <cstdlib>
+
 namespace tonvale {
 
 namespace {
@@ -74,10 +76,17 @@ std::unique_ptr<InstanceServer> Program::listen() {
 
 int Program::run() {
     const EndSignals signals([this] { end(); });
-    if (Main(app_) == StartResult::Ended) return 1;
-    loop_.run();
-    end(); // a session that ends stops the loop only
-    return 0;
+    const StartResult started = Main(app_);
+    mixer_.endPreload();
+    switch (started) {
+    case StartResult::Failed: return EXIT_FAILURE;
+    case StartResult::Closed: break;
+    case StartResult::Running:
+        loop_.run();
+        end(); // a session that ends stops the loop only
+        break;
+    }
+    return EXIT_SUCCESS;
 }
 
 void Program::end() { app_.form1.Unload(); }

@@ -39,11 +39,11 @@ StartResult Main(Application &app) {
     });
     if (!readable) {
         app.box(kRegistryFailure, BoxIcon::Information, BoxPlace::Foreground);
-        return StartResult::Ended;
+        return StartResult::Failed;
     }
     resumeNext(app.Err, [&] { app.form1.form().Show(); });
-    // Somebody may have closed it while a box was up in its load.
-    return app.form1.isLoaded() ? StartResult::Running : StartResult::Ended;
+    // A newcomer may close it while it loads.
+    return app.form1.isLoaded() ? StartResult::Running : StartResult::Closed;
 }
 
 void CloseForms(Application &app, Form &keep) {

@@ -9,7 +9,8 @@ namespace tonvale {
 
 enum class StartResult {
     Running, // the main window is on screen; the loop may begin
-    Ended,   // the settings could not be read; the user has been told
+    Failed,  // the settings could not be read; the user has been told
+    Closed,  // somebody has closed the window already
 };
 
 // The process entry: the instance rule, then the main window.

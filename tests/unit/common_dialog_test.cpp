@@ -135,8 +135,8 @@ TEST_F(CommonDialog, SavingUsesTheSaveDialog) {
 }
 
 TEST_F(CommonDialog, TheFolderPickerGivesTheFolder) {
-    dialogs.folder = "/work/space";
-    EXPECT_EQ(BrowseForFolder(dialogs, "Select..."), "/work/space");
+    dialogs.folder = "/home/me/space";
+    EXPECT_EQ(BrowseForFolder(dialogs, "Select..."), "/home/me/space");
     EXPECT_EQ(dialogs.browsed, std::vector<std::string>{"Select..."});
 }
 

@@ -74,7 +74,7 @@ TEST_F(Instances, WindowsThatCannotBeListedAreNoneThere) {
 
 TEST_F(Instances, ARegistryThatCannotBeReadEndsTheStart) {
     world.registry.readError = ErrorNumber::PermissionDenied;
-    EXPECT_EQ(Main(world.app()), StartResult::Ended);
+    EXPECT_EQ(Main(world.app()), StartResult::Failed);
     EXPECT_FALSE(world.app().form1.isLoaded());
     ASSERT_EQ(world.boxes.shown.size(), 1U);
     const MessageBox &box = world.boxes.last();
@@ -90,7 +90,7 @@ TEST_F(Instances, ARegistryThatCannotBeReadEndsTheStart) {
 
 TEST_F(Instances, ASettingThatIsNoNumberIsAFailureOfTheRegistry) {
     world.setSetting("Multi-Instances", "many");
-    EXPECT_EQ(Main(world.app()), StartResult::Ended);
+    EXPECT_EQ(Main(world.app()), StartResult::Failed);
     EXPECT_EQ(world.boxes.shown.size(), 1U);
 }
 
@@ -102,7 +102,7 @@ TEST_F(Instances, AnEarlierErrorIsForgottenAtTheStart) {
 
 TEST_F(Instances, AFailureWhileClosingThemEndsTheStart) {
     world.windows.failure = ErrorNumber::PermissionDenied;
-    EXPECT_EQ(Main(world.app()), StartResult::Ended);
+    EXPECT_EQ(Main(world.app()), StartResult::Failed);
 }
 
 class FindWindowLike : public Instances {

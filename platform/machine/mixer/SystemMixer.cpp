@@ -5,6 +5,8 @@
 
 #include "platform/machine/base/Module.h"
 
+#include <utility>
+
 namespace tonvale {
 
 void SystemMixer::Backend::load() {
@@ -21,15 +23,27 @@ bool SystemMixer::Backend::open() {
 
 SystemMixer::SystemMixer() : pulse_("tonvale-pulse.so"), alsa_("tonvale-alsa.so") {}
 
-SystemMixer::~SystemMixer() { close(); }
+SystemMixer::~SystemMixer() {
+    endPreload();
+    close();
+}
 
 void SystemMixer::preload() {
-    loading_ = std::async(std::launch::async, [this] { pulse_.load(); });
+    connecting_ = std::async(std::launch::async, [this] { return pulse_.open(); });
+}
+
+void SystemMixer::endPreload() {
+    if (connecting_.valid()) preloaded_ = connecting_.get();
+    if (std::exchange(preloaded_, false)) pulse_.get()->close();
 }
 
 bool SystemMixer::open() {
     close();
-    if (loading_.valid()) loading_.get();
+    if (connecting_.valid()) preloaded_ = connecting_.get();
+    if (preloaded_) {
+        current_ = pulse_.get();
+        return true;
+    }
     for (Backend *backend : {&pulse_, &alsa_}) {
         if (backend->open()) current_ = backend->get();
         // A server that is there and does not answer is not gone around: ALSA may lead to it again.
@@ -55,7 +69,7 @@ bool SystemMixer::setValue(const MixerControl &control, std::int32_t value) {
 }
 
 void SystemMixer::close() {
-    if (current_ != nullptr) current_->close();
+    if (current_ != nullptr && !preloaded_) current_->close();
     current_ = nullptr;
 }
 

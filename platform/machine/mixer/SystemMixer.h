@@ -16,8 +16,10 @@ public:
     SystemMixer();
     ~SystemMixer() override;
 
-    // Begins to load the sound server's library beside the program's own start.
+    // Loads the sound server's library and connects to it beside the program's own start. That
+    // connection serves every use until endPreload().
     void preload();
+    void endPreload();
 
     bool open() override;
     std::optional<MixerLine> speakersLine() override;
@@ -44,7 +46,8 @@ private:
 
     Backend pulse_, alsa_;
     Mixer *current_ = nullptr;
-    std::future<void> loading_;
+    std::future<bool> connecting_; // of the thread that preloads
+    bool preloaded_ = false;       // the sound server's mixer is open between uses, too
 };
 
 } // namespace tonvale

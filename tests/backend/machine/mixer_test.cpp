@@ -99,7 +99,6 @@ TEST_F(MixerTest, WithoutAServerAndACardEverythingFails) {
 TEST_F(MixerTest, ReadsTheLoudestChannelUpToFullVolume) {
     SoundServer server(home);
     ASSERT_TRUE(server.isReady());
-    mixer.preload();
     outputOf("pactl set-sink-volume out 32768 65536");
     EXPECT_EQ(read(), 65536);
     outputOf("pactl set-sink-volume out 16384 8192");
@@ -113,6 +112,26 @@ TEST_F(MixerTest, ReadsTheLoudestChannelUpToFullVolume) {
     EXPECT_EQ(control->Maximum, 65536);
     EXPECT_FALSE(mixer.volumeControl({99}));
     EXPECT_FALSE(mixer.value({99}));
+}
+
+TEST_F(MixerTest, AConnectionMadeAheadServesUntilItIsEnded) {
+    SoundServer server(home);
+    ASSERT_TRUE(server.isReady());
+    outputOf("pactl set-sink-volume out 32768 32768");
+    mixer.preload();
+    EXPECT_EQ(read(), 32768);
+    EXPECT_TRUE(write(16384));
+    EXPECT_EQ(read(), 16384);
+    mixer.endPreload();
+    outputOf("pactl set-sink-volume out 49152 49152");
+    EXPECT_EQ(read(), 49152);
+}
+
+TEST_F(MixerTest, AConnectionMadeAheadToNoServerIsTriedAgain) {
+    mixer.preload();
+    EXPECT_FALSE(mixer.open());
+    mixer.endPreload();
+    EXPECT_FALSE(mixer.open());
 }
 
 TEST_F(MixerTest, SettingKeepsTheBalance) {

@@ -72,7 +72,7 @@ public:
         loop.runUntilIdle();
         return *app_->form1;
     }
-    StartResult result = StartResult::Ended;
+    StartResult result = StartResult::Failed;
 
     void setSetting(const std::string &key, const std::string &value) {
         SettingsStore(registry).SaveSetting(program.title, setting::kSection, key, value);

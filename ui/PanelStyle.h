@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QProxyStyle>
+
+namespace tonvale {
+
+// The toolkit's plain style. The one picture that every menu bar asks for is drawn and not loaded:
+// loading it would map all image plugins before the first window is on screen.
+class PanelStyle : public QProxyStyle {
+public:
+    PanelStyle();
+
+    QIcon standardIcon(StandardPixmap picture, const QStyleOption *option, const QWidget *widget) const override;
+};
+
+} // namespace tonvale

@@ -1,0 +1,98 @@
+# SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""What outlives the program: its settings and the state of the speakers."""
+
+import unittest
+
+from player import Desk
+from session import wait_for
+
+REGISTRY_MESSAGE = ("An error occurred while accessing your system registry which prevents the load of Tonvale.  \n"
+                    "Please correct the situation and reload Tonvale.")
+
+
+class Settings(Desk):
+    def test_the_volume_is_there_at_the_next_start(self):
+        player = self.open()
+        player.range("Tonvale Volume").value = 55
+        self.assertEqual(player.end(), 0)
+        self.assertEqual(self.store.get("Volume"), "55")
+        again = self.open()
+        wait_for(lambda: again.range("Tonvale Volume").value == 55, "the volume of last time")
+
+    def test_a_first_run_stores_the_defaults(self):
+        self.assertEqual(self.open().end(), 0)
+        stored = {name: self.store.get(name) for name in ("Volume", "Multi-Instances", "Confirm Delete", "Loop Other")}
+        self.assertEqual(stored, {"Volume": "100", "Multi-Instances": "0", "Confirm Delete": "1", "Loop Other": "0"})
+
+    def test_a_killed_program_starts_again(self):
+        player = self.open(self.tone())
+        self.wait_for_sound(player)
+        player.kill()
+        again = self.open(self.file("tone.wav"))
+        self.wait_for_sound(again)
+        self.assertEqual(again.end(), 0)
+
+    def test_a_damaged_store_is_told_and_kept(self):
+        self.store.path.parent.mkdir(parents=True)
+        damaged = b"this is no database" * 100
+        self.store.path.write_bytes(damaged)
+        player = self.start()
+        box = player.find("label", REGISTRY_MESSAGE)
+        self.assertTrue(box.is_showing())
+        player.push("OK")
+        player.wait_until_ended()
+        kept = [path for path in self.store.path.parent.iterdir() if path.is_file() and path.read_bytes() == damaged]
+        self.assertEqual(len(kept), 1, "the damaged file")
+        self.assertNotEqual(kept[0].name, "registry.db", "must make room for a new store")
+
+
+class Speakers(Desk):
+    def test_the_master_volume_is_that_of_the_speakers(self):
+        self.session.set_sink_volume(40)
+        player = self.open()
+        spin = player.range("Master Volume")
+        wait_for(lambda: spin.value == 40, "the volume of the speakers")
+        spin.value = 70
+        wait_for(lambda: self.session.sink_volume() == 70, "the changed volume of the speakers")
+
+    def test_mute_and_back(self):
+        self.session.set_sink_volume(60)
+        player = self.open(self.tone())
+        self.wait_for_sound(player)
+        player.choose("Playback", "Mute")
+        wait_for(lambda: self.session.sink_volume() == 0, "muted speakers")
+        player.choose("Playback", "Un-Mute")
+        wait_for(lambda: self.session.sink_volume() == 60, "speakers as before")
+
+    def test_the_end_of_a_muted_program_gives_the_volume_back(self):
+        self.session.set_sink_volume(60)
+        player = self.open()
+        player.choose("Playback", "Mute")
+        wait_for(lambda: self.session.sink_volume() == 0, "muted speakers")
+        self.assertEqual(player.end(), 0)
+        self.assertEqual(self.session.sink_volume(), 60)
+
+
+class NoSound(Desk):
+    session_options = {"sound": False}
+
+    def test_without_a_sound_server_it_plays_silently_in_real_time(self):
+        player = self.open(self.tone(seconds=4))
+        wait_for(lambda: not player.is_idle(), "the running menu")
+        slider = player.range("Play Progress")
+        positions = []
+
+        def has_reached_the_end():
+            positions.append(slider.value)
+            return player.is_idle()
+
+        wait_for(has_reached_the_end, "the end of the media")
+        self.assertTrue({1, 2, 3} & set(positions), f"the slider has moved: {sorted(set(positions))}")
+        told = [line for line in self.session.log("tonvale").splitlines() if "sound" in line.lower()]
+        self.assertEqual(len(told), 1, told)
+        self.assertEqual(player.end(), 0)
+
+
+if __name__ == "__main__":
+    unittest.main()

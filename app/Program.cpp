@@ -89,6 +89,10 @@ int Program::run() {
     return EXIT_SUCCESS;
 }
 
-void Program::end() { app_.form1.Unload(); }
+// The quit is for a box that is up before there is a main window.
+void Program::end() {
+    app_.form1.Unload();
+    loop_.quit();
+}
 
 } // namespace tonvale

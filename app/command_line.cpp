@@ -31,9 +31,8 @@ std::string joined(std::span<char *const> arguments) {
 
 std::string commandLine(std::span<char *const> arguments, FileService &files) {
     std::string line = joined(arguments);
-    if (arguments.size() != 1) return line;
     if (!line.starts_with('/') && isFile(files, line)) line = joinPath(files.currentDirectory(), line);
-    return '"' + line + '"';
+    return arguments.size() == 1 ? '"' + line + '"' : line;
 }
 
 } // namespace tonvale

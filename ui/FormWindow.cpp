@@ -9,7 +9,9 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -23,6 +25,7 @@ namespace {
 // window manager.
 constexpr int kNominalTitleHeight = 22;    // device-independent pixels
 constexpr int kLongestWaitForScreen = 200; // milliseconds
+constexpr int kLeastInReach = 240;         // device-independent pixels of the title
 
 // Ends a loop as the window is exposed. The window itself gets the event afterwards and paints.
 class ExposeWatcher : public QObject {
@@ -43,6 +46,9 @@ private:
 
 FormWindow::FormWindow(Form &form, int menuHeight) : form_(&form), menuHeight_(menuHeight) {
     setObjectName(QString::fromStdString(form.Name));
+    // Its size is the form's to say, so there is nothing to maximize.
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
     form.setChrome(0, toTwips(kNominalTitleHeight + menuHeight));
 }
 
@@ -79,7 +85,18 @@ void FormWindow::followSize() {
 }
 
 void FormWindow::followPlace() {
-    if (!telling_) move(toPixels(form_->Left), toPixels(form_->Top));
+    if (!telling_) move(reachable({toPixels(form_->Left), toPixels(form_->Top)}));
+}
+
+// The form may be told any place; its title stays where a mouse can get it.
+QPoint FormWindow::reachable(QPoint place) const {
+    const QScreen *screen = QGuiApplication::screenAt(place + QPoint(width() / 2, 0));
+    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+    if (screen == nullptr) return place;
+    const QRect area = screen->availableGeometry();
+    const int left = area.left() - std::max(0, width() - kLeastInReach), right = area.right() - kLeastInReach;
+    const int top = area.top(), bottom = area.bottom() - kNominalTitleHeight;
+    return {std::clamp(place.x(), left, std::max(left, right)), std::clamp(place.y(), top, std::max(top, bottom))};
 }
 
 void FormWindow::followState() {

@@ -30,6 +30,7 @@ protected:
 private:
     void followSize();
     void followPlace();
+    [[nodiscard]] QPoint reachable(QPoint place) const;
     void followState();
     void followTopmost();
     void followVisible();

@@ -49,6 +49,14 @@ class Store:
                                    (self.CURRENT_USER, self.KEY, name)).fetchone()
         return bytes(row[0]).decode() if row else None
 
+    def set_place(self, text):
+        """Changes the main window's place that the program has stored before."""
+        with contextlib.closing(sqlite3.connect(self.path)) as database, database:
+            changed = database.execute("UPDATE entries SET value=? WHERE key LIKE ? AND name='Form1'",
+                                       (text.encode(), "%Form Positions")).rowcount
+        if changed != 1:
+            raise AssertionError("no place in the store")
+
     def set(self, name, text):
         """Changes a setting that the program has stored before."""
         with contextlib.closing(sqlite3.connect(self.path)) as database, database:

@@ -48,6 +48,7 @@ def _die_with_parent():
 
 class Session:
     def __init__(self, sound=True, size="1280x800x24"):
+        self.screen_size = tuple(int(number) for number in size.split("x")[:2])
         # Programs that outlive the one that started them become our children, and go with us.
         _PRCTL(_PR_SET_CHILD_SUBREAPER, 1)
         self.directory = pathlib.Path(tempfile.mkdtemp(prefix="tonvale-e2e-"))

@@ -46,6 +46,29 @@ class Settings(Desk):
         self.assertEqual(len(kept), 1, "the damaged file")
         self.assertNotEqual(kept[0].name, "registry.db", "must make room for a new store")
 
+    def test_a_window_stored_out_of_reach_comes_up_in_reach(self):
+        self.assertEqual(self.open().end(), 0)
+        self.store.set("Position", "1")
+        self.assertEqual(self.open().end(), 0)
+        for place in ("L=2147483647;T=-5000;W=1;H=1;S=0;", "L=-60000;T=-60000;W=7500;H=4665;S=0;",
+                      "L=19000;T=15300;W=7500;H=4665;S=0;"):
+            self.store.set_place(place)
+            player = self.open()
+            width, height = self.session.screen_size
+            def in_reach(menu):
+                x, y = player.find("menu item", menu).centre()
+                return 0 < x < width and 0 < y < height
+            wait_for(lambda: in_reach("File") or in_reach("Help"), f"the window stored at {place}")
+            self.assertEqual(player.end(), 0)
+
+    def test_a_stored_place_is_kept(self):
+        self.assertEqual(self.open().end(), 0)
+        self.store.set("Position", "1")
+        self.assertEqual(self.open().end(), 0)
+        self.store.set_place("L=1500;T=2250;W=7500;H=4665;S=0;")
+        place = self.open().find("menu item", "File").centre()
+        self.assertTrue(100 < place[0] < 160 and 150 < place[1] < 210, place)
+
 
 class Speakers(Desk):
     def test_the_master_volume_is_that_of_the_speakers(self):

@@ -9,7 +9,9 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 
 #include <algorithm>
@@ -18,6 +20,7 @@
 #include <ctime>
 #include <memory>
 #include <string_view>
+#include <thread>
 
 namespace tonvale::instances {
 
@@ -26,6 +29,8 @@ namespace {
 constexpr std::string_view kPrefix = "instance-";
 constexpr std::string_view kSuffix = ".sock";
 constexpr int kBacklog = 64;
+constexpr const char *kTurnFile = "opening.lock";
+constexpr std::chrono::milliseconds kTurnPoll{10};
 constexpr timeval kLongestConnect{2, 0};
 
 struct CloseDirectory {
@@ -117,6 +122,16 @@ void Rendezvous::remove(const Address &address) const {
 // By way of the open directory, since a socket's address holds 107 characters only.
 std::string Rendezvous::pathOf(const std::string &file) const {
     return "/proc/self/fd/" + std::to_string(directory_.get()) + "/" + file;
+}
+
+UniqueFd Rendezvous::waitForTurn(std::chrono::milliseconds longest) const {
+    UniqueFd turn(::openat(directory_.get(), kTurnFile, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR));
+    const auto end = std::chrono::steady_clock::now() + longest;
+    while (turn && ::flock(turn.get(), LOCK_EX | LOCK_NB) != 0) {
+        if (std::chrono::steady_clock::now() >= end) return {};
+        std::this_thread::sleep_for(kTurnPoll);
+    }
+    return turn;
 }
 
 } // namespace tonvale::instances

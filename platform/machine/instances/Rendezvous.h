@@ -7,6 +7,7 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,9 @@ public:
     // Null when nobody listens; a name that a dead process has left is removed.
     [[nodiscard]] UniqueFd connect(const Address &address) const;
     void remove(const Address &address) const;
+    // One process at a time holds the turn, for as long as the descriptor lives. Null when it has
+    // not come within `longest`.
+    [[nodiscard]] UniqueFd waitForTurn(std::chrono::milliseconds longest) const;
 
 private:
     [[nodiscard]] std::string pathOf(const std::string &file) const;

@@ -8,13 +8,16 @@
 #include "platform/machine/base/Spawn.h"
 #include "platform/machine/instances/InstanceClient.h"
 
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <climits>
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <thread>
 
 namespace {
 
@@ -22,6 +25,8 @@ using namespace tonvale;
 
 constexpr const char *kUsage = "Usage: tonvale-open PATH\n";
 constexpr int kUsageError = 2;
+constexpr std::chrono::seconds kLongestTurn{20}, kLongestStart{5};
+constexpr std::chrono::milliseconds kStartPoll{10};
 
 std::string absolutePath(const std::string &path) {
     if (path.starts_with('/')) return path;
@@ -37,13 +42,34 @@ std::string playerProgram() {
     return ::access(beside.c_str(), X_OK) == 0 ? beside : "tonvale";
 }
 
-int startPlayer(const std::string &path) {
+// So that the next file to be opened finds the player.
+void waitUntilReached(InstanceClient &client, pid_t player) {
+    const auto end = std::chrono::steady_clock::now() + kLongestStart;
+    while (client.windows().empty() && std::chrono::steady_clock::now() < end) {
+        if (::waitpid(player, nullptr, WNOHANG) == player) return; // it has ended already
+        std::this_thread::sleep_for(kStartPoll);
+    }
+}
+
+int startPlayer(InstanceClient &client, const std::string &path) {
     const std::string program = playerProgram();
     pid_t child = 0;
     const int error = spawnDetached(program, {path}, {}, child);
-    if (error == 0) return 0;
+    if (error == 0) {
+        waitUntilReached(client, child);
+        return 0;
+    }
     (void)std::fprintf(stderr, "tonvale-open: cannot start %s: %s\n", program.c_str(), std::strerror(error));
     return 1;
+}
+
+// Without a place to meet at there is nobody to take turns with either.
+UniqueFd waitForTurn() {
+    try {
+        return instances::Rendezvous().waitForTurn(kLongestTurn);
+    } catch (const RuntimeError &) {
+        return {};
+    }
 }
 
 int open(const std::string &argument) {
@@ -53,7 +79,10 @@ int open(const std::string &argument) {
         (void)std::fputs(kUsage, stderr);
         return kUsageError;
     }
-    return InstanceClient().execute(path) ? 0 : startPlayer(path);
+    // Files that are opened all at once go to one player, which the first of them starts.
+    const UniqueFd turn = waitForTurn();
+    InstanceClient client;
+    return client.execute(path) ? 0 : startPlayer(client, path);
 }
 
 } // namespace

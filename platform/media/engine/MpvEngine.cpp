@@ -54,7 +54,16 @@ void MpvEngine::stop() {
     seek(0);
 }
 
-double MpvEngine::duration() const { return duration_; }
+// Measuring reads the whole file, so it waits until the sound has begun and the length is asked for.
+double MpvEngine::duration() const {
+    if (!lengthAsked_ && source_) {
+        lengthAsked_ = true;
+        const double seconds = source_->measuredDuration(format_);
+        lengthMeasured_ = seconds > 0;
+        if (lengthMeasured_) duration_ = seconds;
+    }
+    return duration_;
+}
 
 double MpvEngine::position() const {
     if (loading_ != Loading::Ready) return 0;
@@ -62,12 +71,14 @@ double MpvEngine::position() const {
     const auto now = Steady::now();
     if (clock_.isRunning() && now - positionAsked_ > kReportInterval) askPosition();
     const double seconds = std::max(0.0, clock_.at(now));
-    return duration_ > 0 ? std::min(seconds, duration_) : seconds;
+    const double end = duration();
+    return end > 0 ? std::min(seconds, end) : seconds;
 }
 
 void MpvEngine::seek(double seconds) {
     if (loading_ != Loading::Ready || std::isnan(seconds)) return;
-    const double target = std::max(0.0, duration_ > 0 ? std::min(seconds, duration_) : seconds);
+    const double end = duration();
+    const double target = std::max(0.0, end > 0 ? std::min(seconds, end) : seconds);
     unwatchEnd();
     atEnd_ = finished_ = false;
     reloads_ = 0;

@@ -92,7 +92,8 @@ private:
     std::int64_t entry_ = 0, startedEntry_ = 0;
     int factsMissing_ = 0;
     std::string format_;
-    double duration_ = 0;
+    mutable double duration_ = 0;
+    mutable bool lengthAsked_ = false, lengthMeasured_ = false; // of the source, where the container is vague
 
     std::uint64_t serial_ = 0;
     Seeking seeking_ = Seeking::No;

@@ -138,7 +138,7 @@ void MpvEngine::onValue(const mpv_event &event) {
 
 void MpvEngine::onNumber(Request request, double value) {
     if (request == Request::Position && seeking_ == Seeking::No && value >= 0) clock_.correct(value, Steady::now());
-    if (request == Request::Duration && value > 0) duration_ = value;
+    if (request == Request::Duration && value > 0 && !lengthMeasured_) duration_ = value;
     const bool isFact = request == Request::Duration || request == Request::Format;
     if (isFact && loading_ == Loading::Opened && --factsMissing_ == 0) loading_ = Loading::Ready;
 }

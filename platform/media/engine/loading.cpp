@@ -55,6 +55,7 @@ void MpvEngine::forget() {
     seeking_ = Seeking::No;
     entry_ = 0;
     duration_ = 0;
+    lengthAsked_ = lengthMeasured_ = false;
     format_.clear();
     updateClock();
     clock_.set(0, Steady::now());
@@ -115,7 +116,6 @@ void MpvEngine::finishOpen() {
         close();
         throwLoadError(std::string("The file cannot be played: ") + mpv_error_string(error));
     }
-    if (const double measured = source_->measuredDuration(format_); measured > 0) duration_ = measured;
 }
 
 void MpvEngine::onLoadReply(const mpv_event &event) {

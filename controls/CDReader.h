@@ -11,6 +11,7 @@ namespace tonvale {
 
 // A time on a CD in the reader's own form; only CDReader::ToFrames reads it. A frame is 1/75 s.
 enum class CdTime : std::int32_t {};
+inline constexpr std::int32_t kCdFramesPerSecond = 75;
 
 struct CdTrack {
     std::int32_t TrackNumber = 0; // on the disc, from 1

@@ -15,8 +15,6 @@ namespace tonvale {
 
 namespace {
 
-constexpr const char *kFormClassPattern = "Thunder*Form*";
-
 constexpr const char *kRegistryFailure =
     "An error occurred while accessing your system registry which prevents the load of Tonvale.  \r\n"
     "Please correct the situation and reload Tonvale.";

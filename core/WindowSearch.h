@@ -12,6 +12,8 @@
 namespace tonvale {
 
 inline constexpr WindowHandle kDesktopWindow = 0;
+// The class of all windows of this family's programs.
+inline constexpr const char *kFormClassPattern = "Thunder*Form*";
 
 enum class SearchFor { All, FirstOnly };
 

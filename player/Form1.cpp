@@ -28,7 +28,6 @@ constexpr const char *kRecentFilesPath = "SOFTWARE\\Orvane Tonvale\\MRU";
 constexpr const char *kPlaylistDescription = "Orvane Tonvale PlayList File";
 constexpr const char *kLeftoverProgram = "qlv.Exe";
 constexpr const char *kBatchConverterTitle = "*WAV Batch Converter*";
-constexpr const char *kFormClassPattern = "Thunder*Form*";
 
 std::unique_ptr<CDReader> makeReader(Application &app) {
     auto reader = app.services.makeCDReader ? app.services.makeCDReader() : nullptr;

@@ -11,8 +11,7 @@ namespace {
 
 constexpr double kReadyTimeout = 15.0;         // seconds
 constexpr std::int32_t kPollMilliseconds = 10; // leaves the processor alone while the wait blocks
-constexpr std::int32_t kFramesPerSecond = 75;
-constexpr std::size_t kNumberOffset = 5; // behind "Track"
+constexpr std::size_t kNumberOffset = 5;       // behind "Track"
 
 } // namespace
 
@@ -63,7 +62,7 @@ bool Form1::StartCDTrack(const std::string &name, ZoomEntry zoomEntry) {
     }
     attempt([&] { CurrentTrack = trackOf(name); });
     attempt([&] { CDReader->PlayTrack(CurrentTrack); });
-    const auto start = [&] { MediaStarted(CDReader->ToFrames(currentCdTrack().PlayTime) / kFramesPerSecond); };
+    const auto start = [&] { MediaStarted(CDReader->ToFrames(currentCdTrack().PlayTime) / kCdFramesPerSecond); };
     attempt(start);
     if (zoomEntry == ZoomEntry::Leave) attempt(start); // a replay hands the length over twice
     CDR_Timer.Enabled(true);

@@ -15,7 +15,6 @@ namespace {
 
 constexpr double kSecondsPerMinute = 60, kMinutesPerHour = 60;
 constexpr int kGaugeFloor = 30, kGaugeSpread = 71; // the bar dances from 30 to 100
-constexpr std::int32_t kFramesPerSecond = 75;
 
 std::string counted(double count, std::string_view word, std::string_view shortWord, bool shortForm) {
     std::string text = formatDigits(count, 1);
@@ -74,7 +73,7 @@ void Form1::Timer3_Timer() {
 
 void Form1::CDR_Timer_Timer() {
     attempt([&] {
-        const auto seconds = [&](CdTime time) { return CDReader->ToFrames(time) / kFramesPerSecond; };
+        const auto seconds = [&](CdTime time) { return CDReader->ToFrames(time) / kCdFramesPerSecond; };
         SetTrackerFromCD(subtract32(seconds(CDReader->PlayPosition()), seconds(currentCdTrack().StartTime)));
     });
 }

@@ -41,13 +41,15 @@ TEST_F(CdTrackPlay, WaitsForTheDiscAndBlocksMeanwhile) {
     const std::int64_t begin = world.loop.now();
     bool served = false;
     world.loop.post([&] { served = true; });
-    world.cd.ready = [&] { return world.loop.now() - begin >= 14000; };
+    world.cd.ready = [this, begin] { return world.loop.now() - begin >= 14000; };
     std::string command = "/cd/Track01.cda";
     std::int16_t cancel = 0;
     form().Form_LinkExecute(command, cancel);
     EXPECT_FALSE(served) << "the wait does not yield";
     EXPECT_TRUE(isRunning());
     EXPECT_NEAR(static_cast<double>(world.loop.now() - begin), 14000, 500);
+    world.loop.runUntilIdle();
+    EXPECT_TRUE(served);
 }
 
 TEST_F(CdTrackPlay, GivesUpAfter15Seconds) {

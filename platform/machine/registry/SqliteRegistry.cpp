@@ -250,10 +250,13 @@ void SqliteRegistry::disconnect() {
 }
 
 void SqliteRegistry::checkVersion() {
-    const std::int64_t version = database_->number("PRAGMA user_version");
+    std::int64_t version = database_->number("PRAGMA user_version");
+    if (version == 0 && database_->number("SELECT count(*) FROM sqlite_master") != 0) {
+        // Between the two looks another process may have made the tables, and the version with them.
+        version = database_->number("PRAGMA user_version");
+        if (version == 0) throw ForeignStore{"is another program's database"};
+    }
     if (version > kVersion || version < 0) throw ForeignStore{"was written by a newer version"};
-    if (version == 0 && database_->number("SELECT count(*) FROM sqlite_master") != 0)
-        throw ForeignStore{"is another program's database"};
     hasTables_ = version == kVersion;
 }
 

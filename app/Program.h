@@ -13,6 +13,7 @@
 #include "platform/machine/registry/SqliteRegistry.h"
 #include "platform/machine/time/SystemClock.h"
 #include "platform/machine/time/SystemRandom.h"
+#include "platform/qt/DesktopServices.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/QtFileDialogs.h"
 #include "platform/qt/QtMessageBoxes.h"
@@ -46,6 +47,9 @@ private:
     QtMessageBoxes boxes_;
     QtFileDialogs dialogs_;
     QtScreen screen_;
+    DesktopScreenSaver screenSaver_;
+    DesktopProperties systemProperties_;
+    DesktopKeyboard keyboard_;
     LazyDesktop desktop_{files_};
     SystemMixer &mixer_;
     InstanceWindows instanceWindows_;

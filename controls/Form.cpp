@@ -64,6 +64,21 @@ void Form::userResized(double width, double height) {
     Form_Resize();
 }
 
+void Form::userPressedKey(std::int16_t keyAscii) {
+    const Forms::HandlerScope scope(forms_);
+    attempt([&] { Form_KeyPress(keyAscii); });
+}
+
+void Form::userReleasedButton(std::int16_t button, std::int16_t shift, double x, double y) {
+    const Forms::HandlerScope scope(forms_);
+    attempt([&] { Form_MouseUp(button, shift, x, y); });
+}
+
+void Form::userDroppedFiles(const std::vector<std::string> &names) {
+    const Forms::HandlerScope scope(forms_);
+    attempt([&] { Form_DropFiles(names); });
+}
+
 bool Form::Unload() {
     if (unloading_ || slot_ == nullptr) return true;
     const Forms::HandlerScope scope(forms_);

@@ -19,6 +19,11 @@ class Form;
 class FormSlot;
 
 enum class WindowState : std::int16_t { Normal = 0, Minimized = 1, Maximized = 2 };
+// Without a border a window has no title either; with a sizable one it can be maximized.
+enum class BorderStyle { None, Fixed, Sizable };
+
+inline constexpr std::int16_t kKeyEscape = 27;
+inline constexpr std::int16_t kLeftButton = 1, kRightButton = 2, kMiddleButton = 4;
 
 // Where all loaded windows are known. One for each program.
 class Forms {
@@ -83,6 +88,9 @@ public:
     Property<WindowState> State{WindowState::Normal};
     Property<bool> Topmost{false};
     Property<bool> MouseCaptured{false};
+    tonvale::BorderStyle BorderStyle = tonvale::BorderStyle::Fixed; // set before the window is shown
+    Property<double> MinWidth, MinHeight;                           // as far as the user can make it smaller
+    Property<bool> AcceptsFiles{false};                             // from the desktop's file managers
 
     [[nodiscard]] double ScaleWidth() const { return Width - chromeWidth_; }
     [[nodiscard]] double ScaleHeight() const { return Height - chromeHeight_; }
@@ -93,6 +101,9 @@ public:
     void Move(double left, double top, double width, double height);
     void ZOrder();  // to the front
     void Refresh(); // paints at once what is due
+    // Lets the window system drag the window on with the button that is down now.
+    void MoveByWindowSystem() { moveRequested(); }
+    void PopupMenu(MenuEntry &menu) { popUpRequested(menu); } // where the pointer is
 
     // Asks, then unloads. Returns false when a handler refused. The object lives on until no
     // handler is running, so a handler of its own may call this.
@@ -104,6 +115,9 @@ public:
     // For the view: what the user did to the window.
     void userResized(double width, double height);
     void userActivated() { Form_Activate(); }
+    void userPressedKey(std::int16_t keyAscii);
+    void userReleasedButton(std::int16_t button, std::int16_t shift, double x, double y);
+    void userDroppedFiles(const std::vector<std::string> &names); // bytes, in the order of delivery
 
     // For channels that deliver a command to a window.
     virtual void Form_LinkExecute(std::string & /*commandString*/, std::int16_t & /*cancel*/) {}
@@ -111,12 +125,16 @@ public:
     Signal<> raised;                    // ZOrder was called
     Signal<> refreshed;                 // Refresh was called
     Signal<MenuEntry &> popUpRequested; // show this menu where the pointer is
+    Signal<> moveRequested;             // MoveByWindowSystem was called
     Signal<> chromeChanged;
 
 protected:
     virtual void Form_Load() {}
     virtual void Form_Resize() {}
     virtual void Form_Activate() {}
+    virtual void Form_KeyPress(std::int16_t & /*keyAscii*/) {}
+    virtual void Form_MouseUp(std::int16_t /*button*/, std::int16_t /*shift*/, double /*x*/, double /*y*/) {}
+    virtual void Form_DropFiles(const std::vector<std::string> & /*names*/) {}
     virtual void Form_QueryUnload(std::int16_t & /*cancel*/) {}
     virtual void Form_Unload(std::int16_t & /*cancel*/) {}
 

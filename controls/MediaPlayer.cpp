@@ -6,6 +6,7 @@
 #include "controls/Errors.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace tonvale {
@@ -17,19 +18,22 @@ constexpr std::int32_t kBalanceRange = 10000;
 
 } // namespace
 
-MediaPlayer::MediaPlayer(EventLoop &loop, MediaEngineFactory factory)
-    : loop_(loop), factory_(std::move(factory)), self_(std::make_shared<MediaPlayer *>(this)) {}
+MediaPlayer::MediaPlayer(MediaServices services)
+    : services_(std::move(services)), self_(std::make_shared<MediaPlayer *>(this)) {}
 
 MediaPlayer::~MediaPlayer() { *self_ = nullptr; }
 
 MediaEngine &MediaPlayer::engine() {
     if (!engine_) {
-        if (!factory_) throw RuntimeError(ErrorNumber::CantCreateObject);
+        if (!services_.makeEngine) throw RuntimeError(ErrorNumber::CantCreateObject);
         MediaEngine::Callbacks callbacks;
         callbacks.ended = [self = self_] {
             if (*self) (*self)->onEnded();
         };
-        engine_ = factory_(std::move(callbacks));
+        callbacks.pictureChanged = [self = self_] {
+            if (*self) (*self)->onPictureChanged();
+        };
+        engine_ = services_.makeEngine(std::move(callbacks));
         engine_->setVolume(volume_);
         engine_->setBalance(balance_);
     }
@@ -41,6 +45,7 @@ void MediaPlayer::close() {
     fileName_.clear();
     setState(PlayState::Stopped);
     engine().close();
+    fileChanged();
 }
 
 void MediaPlayer::FileName(std::string path) {
@@ -51,8 +56,12 @@ void MediaPlayer::FileName(std::string path) {
     engine().open(path);
     fileName_ = std::move(path);
     const std::uint64_t file = ++opened_;
+    fitControl();
+    fileChanged();
     const auto tellOpened = [this, file] {
-        if (file == opened_ && !fileName_.empty()) OpenStateChange(OpenState::Closed, OpenState::Open);
+        const auto isStillOpen = [this, file] { return file == opened_ && !fileName_.empty(); };
+        if (isStillOpen()) OpenStateChange(OpenState::Closed, OpenState::Open);
+        if (isStillOpen()) ReadyStateChange(kReadyStateComplete);
     };
     post(tellOpened, false);
     if (AutoStart) Play();
@@ -86,7 +95,70 @@ void MediaPlayer::shutDown() {
     waiting_.clear();
     fileName_.clear();
     state_ = PlayState::Stopped;
+    fileChanged();
+    hold_.reset();
     engine_.reset();
+}
+
+PictureSize MediaPlayer::pictureSize() const { return fileName_.empty() ? PictureSize{} : engine_->pictureSize(); }
+
+void MediaPlayer::DisplaySize(std::int32_t size) {
+    displaySize_ = size;
+    fitControl();
+}
+
+namespace {
+
+struct Extent {
+    double width = 0, height = 0; // twips
+};
+
+// The largest of this shape within `area`.
+Extent within(Extent picture, Extent area) {
+    const double scale = std::min(area.width / picture.width, area.height / picture.height);
+    return {picture.width * scale, picture.height * scale};
+}
+
+Extent scaled(Extent extent, double factor) { return {extent.width * factor, extent.height * factor}; }
+
+} // namespace
+
+void MediaPlayer::fitControl() {
+    const PictureSize size = pictureSize();
+    if (size.isEmpty()) return;
+    const Extent picture{size.width * kTwipsPerPixel, size.height * kTwipsPerPixel};
+    const Extent screen{services_.screen.width(), services_.screen.height()};
+    const auto share = [&](double area) { return within(picture, scaled(screen, std::sqrt(area))); };
+    Extent shown = picture;
+    switch (displaySize_) {
+    case display_size::kHalf: shown = scaled(picture, 0.5); break;
+    case display_size::kDouble: shown = scaled(picture, 2); break;
+    case display_size::kFullScreen: shown = share(1); break;
+    case display_size::kOneSixteenthScreen: shown = share(1.0 / 16); break;
+    case display_size::kOneFourthScreen: shown = share(1.0 / 4); break;
+    case display_size::kOneHalfScreen: shown = share(1.0 / 2); break;
+    default: break;
+    }
+    Width = std::round(shown.width);
+    Height = std::round(shown.height);
+}
+
+void MediaPlayer::onPictureChanged() {
+    fitControl();
+    updateHold();
+}
+
+void MediaPlayer::updateHold() {
+    const bool moves = state_ == PlayState::Playing && !pictureSize().isEmpty();
+    if (moves == (hold_ != nullptr)) return;
+    hold_ = moves ? services_.screenSaver.holdOff() : nullptr;
+}
+
+void MediaPlayer::userPressedEscape() { FullScreenMode = false; }
+
+void MediaPlayer::userClickedFullScreen() {
+    CurrentPosition(0);
+    Play();
 }
 
 void MediaPlayer::checkOpen() const {
@@ -122,13 +194,14 @@ void MediaPlayer::Balance(std::int32_t balance) {
 void MediaPlayer::setState(PlayState state) {
     if (state == state_) return;
     const PlayState old = std::exchange(state_, state);
+    updateHold();
     post([this, old, state] { PlayStateChange(old, state); }, state == PlayState::Stopped);
 }
 
 void MediaPlayer::post(std::function<void()> notify, bool isStop) {
     if (!*self_) return;
     waiting_.push_back({std::move(notify), isStop});
-    loop_.post([self = self_] {
+    services_.loop.post([self = self_] {
         if (*self) (*self)->deliverNext();
     });
 }

@@ -5,12 +5,15 @@
 
 #include "controls/Controls.h"
 #include "controls/Loop.h"
+#include "controls/MediaDetails.h"
+#include "controls/Screen.h"
 
 #include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tonvale {
 
@@ -20,7 +23,8 @@ class MediaEngine {
 public:
     // The engine calls these from the loop, never from inside one of its operations.
     struct Callbacks {
-        std::function<void()> ended; // the media has played to its end, or failed on the way
+        std::function<void()> ended;          // the media has played to its end, or failed on the way
+        std::function<void()> pictureChanged; // pictureSize() has become another in mid-stream
     };
 
     virtual ~MediaEngine() = default;
@@ -40,12 +44,37 @@ public:
     virtual void seek(double seconds) = 0;             // exact; limited to the media
     virtual void setVolume(std::int32_t volume) = 0;   // -10000 (silent) to 0 (full)
     virtual void setBalance(std::int32_t balance) = 0; // -10000 (left alone) to 10000 (right alone)
+
+    // Of the open media; a cover picture of a sound file does not count.
+    [[nodiscard]] virtual PictureSize pictureSize() const = 0;
+    [[nodiscard]] virtual MediaSettings settings() const = 0;
+    virtual void setSettings(const MediaSettings &settings) = 0;
+    [[nodiscard]] virtual std::vector<MediaTrack> tracks() const = 0;
+    [[nodiscard]] virtual MediaStatistics statistics() const = 0;
 };
 
 using MediaEngineFactory = std::function<std::unique_ptr<MediaEngine>(MediaEngine::Callbacks)>;
 
 enum class PlayState : std::int32_t { Stopped = 0, Paused = 1, Playing = 2 };
 enum class OpenState : std::int32_t { Closed = 0, Open = 6 };
+enum class MediaDialog : std::int32_t { Statistics = 1, Options = 2 };
+
+// What the control's picture measures: its own size, half and twice that, or the largest of its
+// shape within the screen, or within this share of the screen's area.
+namespace display_size {
+inline constexpr std::int32_t kDefault = 0, kHalf = 1, kDouble = 2, kFullScreen = 3;
+inline constexpr std::int32_t kOneSixteenthScreen = 5, kOneFourthScreen = 6, kOneHalfScreen = 7;
+} // namespace display_size
+
+inline constexpr std::int32_t kReadyStateComplete = 4;
+
+// What a media player control needs of the machine.
+struct MediaServices {
+    EventLoop &loop;
+    MediaEngineFactory makeEngine;
+    Screen &screen;
+    ScreenSaver &screenSaver;
+};
 
 // The media player control. Its engine is made at the first file. Notifications arrive from the
 // loop, in the order in which their causes happened, each once. One exception keeps an old stop
@@ -53,12 +82,13 @@ enum class OpenState : std::int32_t { Closed = 0, Open = 6 };
 // before Play, before a file is opened, and by settle().
 class MediaPlayer : public Control {
 public:
-    MediaPlayer(EventLoop &loop, MediaEngineFactory factory);
+    explicit MediaPlayer(MediaServices services);
     ~MediaPlayer();
 
     Event<OpenState, OpenState> OpenStateChange;                          // old, new: a file has been opened
     Event<PlayState, PlayState> PlayStateChange;                          // old, new
-    Event<std::int16_t, std::int16_t, double, double> MouseMove, MouseUp; // button, shift, x, y
+    Event<std::int32_t> ReadyStateChange;                                 // 4: a file is open
+    Event<std::int16_t, std::int16_t, double, double> MouseMove, MouseUp; // button, shift, x, y (twips)
 
     // Opens the file; throws RuntimeError. The empty text closes. With AutoStart it begins to play.
     void FileName(std::string path);
@@ -83,12 +113,28 @@ public:
     [[nodiscard]] std::int32_t Balance() const { return balance_; }
     void Balance(std::int32_t balance); // -10000 to 10000, error 380 outside
 
-    Property<std::int32_t> DisplaySize{0};
-    Property<bool> FullScreenMode{false};
+    // Sets the control's width and height while media with a picture is open.
+    void DisplaySize(std::int32_t size);
+    [[nodiscard]] std::int32_t DisplaySize() const { return displaySize_; }
+    Property<bool> FullScreenMode{false}; // the picture covers the screen
+
+    [[nodiscard]] PictureSize pictureSize() const; // 0 x 0 while none is open
+    void ShowDialog(MediaDialog dialog) { dialogRequested(dialog); }
+
+    // For the dialogs and the view.
+    Signal<MediaDialog> dialogRequested;
+    Signal<> fileChanged; // another file, or none, is open
+    [[nodiscard]] MediaEngine *openEngine() const { return fileName_.empty() ? nullptr : engine_.get(); }
+    // What the user does to a picture that covers the screen.
+    void userPressedEscape();
+    void userClickedFullScreen();
 
 private:
     MediaEngine &engine();
     void close();
+    void fitControl();
+    void updateHold();
+    void onPictureChanged();
     void setState(PlayState state);
     void checkOpen() const;
     void post(std::function<void()> notify, bool isStop);
@@ -100,8 +146,7 @@ private:
         bool isStop;
     };
 
-    EventLoop &loop_;
-    MediaEngineFactory factory_;
+    MediaServices services_;
     std::unique_ptr<MediaEngine> engine_;
     // Notifications that wait in the loop look here whether the control still exists.
     std::shared_ptr<MediaPlayer *> self_;
@@ -110,6 +155,8 @@ private:
     std::uint64_t opened_ = 0; // counts the files, so that news of an older one can be told
     PlayState state_ = PlayState::Stopped;
     std::int32_t volume_ = 0, balance_ = 0;
+    std::int32_t displaySize_ = display_size::kDefault;
+    std::unique_ptr<ScreenSaver::Hold> hold_; // while a picture moves
 };
 
 } // namespace tonvale

@@ -13,10 +13,13 @@
 
 namespace tonvale {
 
+class Disclaimer;
 class Form1;
 class ListWindow;
 class Settings;
+class VideoWindow;
 class VivoWindow;
+class frmAbout;
 
 // What all windows share: the services, the holders of the windows, and what the last split path
 // and the last error were.
@@ -36,8 +39,14 @@ public:
 
     FormHolder<Settings> settings{forms};
     FormHolder<VivoWindow> VivoPlayer{forms};
-    FormHolder<ListWindow> frmPlayList{forms};
-    FormHolder<ListWindow> frmVivoPlayList{forms};
+    FormHolder<VideoWindow> frmVideoPlay{forms};
+    FormHolder<ListWindow> frmPlayList{forms}, frmVivoPlayList{forms}, frmVideoPlayList{forms};
+    FormHolder<tonvale::frmAbout> frmAbout{forms};
+    FormHolder<tonvale::Disclaimer> Disclaimer{forms};
+    FormSlot MediaOptions{forms}, MediaStatistics{forms}; // dialogs of the media player control
+    FormSlot frmAssociate{forms}, frmCDDBMain{forms};
+    FormSlot frmCDPlayer{forms}, frmVideoCDPlayer{forms}, frmCD2WAV{forms}, frmCD2MP3{forms};
+    FormSlot frmEncode{forms}, frmDecode{forms};
     FormHolder<Form1> form1{forms}; // last, so that it goes first
 
     // The section "Settings" of this program's own application.

@@ -5,7 +5,10 @@
 
 #include "controls/CDReader.h"
 #include "controls/Loop.h"
+#include "controls/MMPropertiesX.h"
 #include "controls/MediaPlayer.h"
+#include "controls/Screen.h"
+#include "controls/WinHook.h"
 
 #include <cstdint>
 #include <functional>
@@ -77,6 +80,8 @@ public:
     virtual std::int64_t fileLength(const std::string &path) = 0;
     virtual void rename(const std::string &from, const std::string &to) = 0; // never replaces
     virtual void deleteFile(const std::string &path) = 0;
+    // Takes away what keeps the file from being written or deleted.
+    virtual void clearAttributes(const std::string &path) = 0;
     virtual std::unique_ptr<LineReader> openLines(const std::string &path) = 0; // regular files only
     virtual std::string currentDirectory() = 0;
     // A directory of this user alone, ending in the separator.
@@ -164,15 +169,6 @@ public:
     virtual void clear() = 0;
 };
 
-class Screen {
-public:
-    virtual ~Screen() = default;
-    virtual double width() = 0;  // twips
-    virtual double height() = 0; // twips
-};
-
-inline constexpr double kTwipsPerPixel = 15;
-
 // Windows of other programs of this family.
 using WindowHandle = std::uint64_t;
 struct WindowInfo {
@@ -242,6 +238,9 @@ struct Services {
     Shell &shell;
     RecentDocuments &recentDocuments;
     Screen &screen;
+    ScreenSaver &screenSaver;
+    SystemProperties &systemProperties;
+    KeyboardHook &keyboard;
     WindowSystem &windows;
     Mixer &mixer;
     Random &random;
@@ -249,6 +248,9 @@ struct Services {
     std::function<std::unique_ptr<CDReader>()> makeCDReader;
     FileAssociations *associations = nullptr; // null: not there
     ProgramInfo program;
+
+    // What a media player control needs.
+    [[nodiscard]] MediaServices media() const { return {loop, makeMediaEngine, screen, screenSaver}; }
 };
 
 } // namespace tonvale

@@ -37,10 +37,10 @@ std::unique_ptr<CDReader> makeReader(Application &app) {
 } // namespace
 
 Form1::Form1(Application &app)
-    : Form(app.forms, "Form1"), ActiveMovie1(app.services.loop, app.services.makeMediaEngine),
-      CDReader(makeReader(app)), Timer1(app.services.loop, 500), Timer2(app.services.loop, 125),
-      Timer3(app.services.loop, 100), CDR_Timer(app.services.loop, 1000), RecentFiles(app), app_(app),
-      VolumeControl_(app.services.mixer), WindowMover(app) {
+    : Form(app.forms, "Form1"), ActiveMovie1(app.services.media()), CDReader(makeReader(app)),
+      Timer1(app.services.loop, 500), Timer2(app.services.loop, 125), Timer3(app.services.loop, 100),
+      CDR_Timer(app.services.loop, 1000), RecentFiles(app), app_(app), VolumeControl_(app.services.mixer),
+      WindowMover(app) {
     Caption = app.services.program.title;
     Width = kDesignWidth;
     Height = kDesignHeight;

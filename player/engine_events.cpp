@@ -17,7 +17,6 @@ constexpr const char *kRealVideoQuestion =
     "Is the selected file RealVideo or RealAudio?  If RealVideo, click \"Yes\", otherwise click \"No\".";
 constexpr const char *kFullScreenHint = "Press escape to resturn to Tonvale.  Left-Click to replay.";
 constexpr const char *kPictureHint = "Right-Click for Options...";
-constexpr std::int16_t kRightButton = 2;
 
 } // namespace
 

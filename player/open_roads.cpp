@@ -5,8 +5,8 @@
 
 #include "controls/Numbers.h"
 #include "controls/Text.h"
-#include "core/later_windows.h"
 #include "core/setting_keys.h"
+#include "core/shared_windows.h"
 #include "desktop/Settings.h"
 #include "player/captions.h"
 #include "player/media_kinds.h"

@@ -6,8 +6,8 @@
 
 #include "controls/Numbers.h"
 #include "controls/Text.h"
-#include "core/later_windows.h"
 #include "core/setting_keys.h"
+#include "core/shared_windows.h"
 #include "player/captions.h"
 #include "player/media_kinds.h"
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "controls/Controls.h"
+#include "controls/ListBox.h"
 
 #include "controls/CDReader.h"
 #include "tests/unit/expectations.h"

@@ -4,6 +4,7 @@
 #include "controls/MediaPlayer.h"
 
 #include "tests/unit/expectations.h"
+#include "tests/unit/fakes/FakeDesktop.h"
 #include "tests/unit/fakes/FakeMedia.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ using Texts = std::vector<std::string>;
 
 class MediaPlayerControl : public testing::Test {
 protected:
-    MediaPlayerControl() : player(std::make_unique<MediaPlayer>(loop, media.factory())) {
+    MediaPlayerControl() : player(std::make_unique<MediaPlayer>(services())) {
         player->OpenStateChange = [this](OpenState from, OpenState to) {
             told.push_back("open " + std::to_string(static_cast<int>(from)) + ">" +
                            std::to_string(static_cast<int>(to)));
@@ -34,9 +35,12 @@ protected:
         loop.runUntilIdle();
         return std::exchange(told, {});
     }
+    [[nodiscard]] MediaServices services() { return {loop, media.factory(), screen, screenSaver}; }
     CallLog log;
     FakeLoop loop;
     FakeMedia media{log, loop};
+    FakeScreen screen;
+    FakeScreenSaver screenSaver;
     std::unique_ptr<MediaPlayer> player;
     Texts told;
 };
@@ -279,7 +283,7 @@ TEST_F(MediaPlayerControl, PositionIsTheEngines) {
 }
 
 TEST_F(MediaPlayerControl, WithoutAnEngineCannotCreateTheObject) {
-    MediaPlayer bare{loop, nullptr};
+    MediaPlayer bare{{loop, nullptr, screen, screenSaver}};
     EXPECT_RUNTIME_ERROR(bare.FileName("/a.mp3"), 429);
 }
 

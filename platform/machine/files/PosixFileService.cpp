@@ -20,6 +20,8 @@ namespace tonvale {
 
 namespace {
 
+constexpr mode_t kAllModeBits = 07777;
+
 std::string parentOf(const std::string &path) {
     const std::size_t separator = path.rfind('/');
     if (separator == std::string::npos) return ".";
@@ -94,6 +96,13 @@ void PosixFileService::rename(const std::string &from, const std::string &to) {
 void PosixFileService::deleteFile(const std::string &path) {
     const std::string name = existingName(path);
     if (::unlink(name.c_str()) != 0) throw errorAt(name, errno);
+}
+
+void PosixFileService::clearAttributes(const std::string &path) {
+    const std::string name = existingName(path);
+    struct stat status {};
+    if (::stat(name.c_str(), &status) != 0) throw errorAt(name, errno);
+    if (::chmod(name.c_str(), (status.st_mode & kAllModeBits) | S_IWUSR) != 0) throw errorAt(name, errno);
 }
 
 std::unique_ptr<LineReader> PosixFileService::openLines(const std::string &path) {

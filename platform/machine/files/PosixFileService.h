@@ -14,6 +14,7 @@ public:
     std::int64_t fileLength(const std::string &path) override;
     void rename(const std::string &from, const std::string &to) override;
     void deleteFile(const std::string &path) override;
+    void clearAttributes(const std::string &path) override;
     std::unique_ptr<LineReader> openLines(const std::string &path) override;
     std::string currentDirectory() override;
     std::string temporaryDirectory() override;

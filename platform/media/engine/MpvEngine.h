@@ -38,6 +38,11 @@ public:
     void seek(double seconds) override;
     void setVolume(std::int32_t volume) override;
     void setBalance(std::int32_t balance) override;
+    [[nodiscard]] PictureSize pictureSize() const override { return {}; }
+    [[nodiscard]] MediaSettings settings() const override { return {}; }
+    void setSettings(const MediaSettings & /*settings*/) override {}
+    [[nodiscard]] std::vector<MediaTrack> tracks() const override { return {}; }
+    [[nodiscard]] MediaStatistics statistics() const override { return {}; }
 
 private:
     using Steady = PlaybackClock::Steady;

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -138,6 +139,45 @@ public:
     double screenWidth = 1024 * kTwipsPerPixel, screenHeight = 768 * kTwipsPerPixel;
     double width() override { return screenWidth; }
     double height() override { return screenHeight; }
+};
+
+class FakeScreenSaver : public ScreenSaver {
+public:
+    int activated = 0;
+    int holds = 0; // that exist now
+
+    void activate() override { ++activated; }
+    std::unique_ptr<Hold> holdOff() override { return std::make_unique<CountedHold>(holds); }
+
+private:
+    class CountedHold : public Hold {
+    public:
+        explicit CountedHold(int &holds) : holds_(holds) { ++holds_; }
+        ~CountedHold() override { --holds_; }
+
+    private:
+        int &holds_;
+    };
+};
+
+class FakeSystemProperties : public SystemProperties {
+public:
+    std::vector<PropertySheets> shown;
+    std::optional<ErrorNumber> failure;
+    void show(PropertySheets sheets) override {
+        if (failure) throw RuntimeError(*failure);
+        shown.push_back(sheets);
+    }
+};
+
+// A keyboard whose keys the test presses, Control held.
+class FakeKeyboard : public KeyboardHook {
+public:
+    Connection listen(Listener listener) override { return pressed_.connect(std::move(listener)); }
+    void press(std::int32_t keyCode) { pressed_(keyCode); }
+
+private:
+    Signal<std::int32_t> pressed_;
 };
 
 // Windows of other programs. A window that is closed has gone.

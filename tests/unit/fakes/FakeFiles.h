@@ -82,6 +82,7 @@ public:
         files_.erase(find(from));
         files_[to] = moved;
     }
+    void clearAttributes(const std::string &path) override { log_.add("files.clearAttributes " + path); }
     void deleteFile(const std::string &path) override {
         log_.add("files.delete " + path);
         if (deleteError) throw RuntimeError(*deleteError);

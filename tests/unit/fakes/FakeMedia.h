@@ -15,6 +15,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tonvale::test {
 
@@ -25,7 +26,11 @@ public:
 
     std::map<std::string, double> durations; // seconds; a file that is not here has defaultDuration
     double defaultDuration = 100;
-    std::set<std::string> broken; // files that cannot be opened
+    std::set<std::string> broken;                // files that cannot be opened
+    std::map<std::string, PictureSize> pictures; // a file that is not here has none
+    MediaSettings settings;
+    std::vector<MediaTrack> tracks;
+    MediaStatistics statistics;
     double position = 0;
     std::int32_t volume = 0, balance = 0;
     std::string file; // what is open
@@ -37,6 +42,14 @@ public:
         playing = false;
         loop_.post([this] {
             if (callbacks_ && callbacks_->ended) callbacks_->ended();
+        });
+    }
+
+    // The picture has become another in mid-stream.
+    void changePicture(PictureSize size) {
+        pictures[file] = size;
+        loop_.post([this] {
+            if (callbacks_ && callbacks_->pictureChanged) callbacks_->pictureChanged();
         });
     }
 
@@ -91,6 +104,14 @@ private:
             media_.log_.add("engine.balance " + std::to_string(balance));
             media_.balance = balance;
         }
+        [[nodiscard]] PictureSize pictureSize() const override {
+            const auto found = media_.pictures.find(media_.file);
+            return found == media_.pictures.end() ? PictureSize{} : found->second;
+        }
+        [[nodiscard]] MediaSettings settings() const override { return media_.settings; }
+        void setSettings(const MediaSettings &settings) override { media_.settings = settings; }
+        [[nodiscard]] std::vector<MediaTrack> tracks() const override { return media_.tracks; }
+        [[nodiscard]] MediaStatistics statistics() const override { return media_.statistics; }
 
     private:
         FakeMedia &media_;

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "core/later_windows.h"
+#include "core/shared_windows.h"
 #include "tests/unit/fakes/CallLog.h"
 
 #include <string>

@@ -47,6 +47,9 @@ public:
     FakeShell shell;
     FakeRecentDocuments documents{log};
     FakeScreen screen;
+    FakeScreenSaver screenSaver;
+    FakeSystemProperties systemProperties;
+    FakeKeyboard keyboard;
     FakeWindows windows{log};
     FakeMixer mixer{log};
     FakeRandom random;
@@ -87,8 +90,9 @@ public:
 
 private:
     [[nodiscard]] Services services() {
-        return {loop,   clock,   registry, files,  boxes,           dialogs,      shell,         documents,
-                screen, windows, mixer,    random, media.factory(), cd.factory(), &associations, program};
+        return {loop,         clock,         registry,         files,    boxes,   dialogs, shell,  documents,
+                screen,       screenSaver,   systemProperties, keyboard, windows, mixer,   random, media.factory(),
+                cd.factory(), &associations, program};
     }
     void registerOtherWindows() {
         app_->VivoPlayer.setFactory([this] { return std::make_unique<FakeVivoWindow>(app_->forms, log); });

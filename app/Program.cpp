@@ -5,14 +5,20 @@
 
 #include "app/EndSignals.h"
 #include "app/command_line.h"
+#include "cd/register.h"
 #include "controls/Errors.h"
 #include "core/Main.h"
-#include "desktop/Settings.h"
+#include "desktop/register.h"
+#include "platform/codec/codec_controls.h"
 #include "platform/machine/base/Directories.h"
 #include "platform/media/MediaModule.h"
 #include "player/Form1.h"
 #include "player/register.h"
+#include "playlists/register.h"
+#include "ui/emblem.h"
+#include "viewers/register.h"
 
+#include <QApplication>
 #include <QLoggingCategory>
 
 #include <cstdlib>
@@ -20,6 +26,9 @@
 namespace tonvale {
 
 namespace {
+
+// What the batch converter's window calls itself.
+constexpr const char *kBatchConverterTitle = "WAV Batch Converter";
 
 void logSkipped(const ErrObject &error) {
     static const QLoggingCategory category("tonvale.skipped", QtWarningMsg);
@@ -35,30 +44,36 @@ Program::Program(std::span<char *const> arguments, SystemMixer &mixer)
     lastFormUnloaded_ = app_.forms.lastFormUnloaded.connect([this] { loop_.quit(); });
     registerPlayerWindows(app_);
     registerDesktopWindows(app_);
+    registerViewerWindows(app_);
+    registerPlaylistWindows(app_);
+    registerConversionWindows(app_);
     // A file is going to be played, so the decoders load beside the window.
     if (!app_.services.program.commandLine.empty()) mediaPreload_ = preloadMediaModule(programDirectory());
 }
 
 Services Program::services(std::span<char *const> arguments) {
-    return {.loop = loop_,
-            .clock = clock_,
-            .registry = registry_,
-            .files = files_,
-            .boxes = boxes_,
-            .dialogs = dialogs_,
-            .shell = desktop_.shell(),
-            .recentDocuments = desktop_.recentDocuments(),
-            .screen = screen_,
-            .screenSaver = screenSaver_,
-            .systemProperties = systemProperties_,
-            .keyboard = keyboard_,
-            .windows = otherInstances_,
-            .mixer = mixer_,
-            .random = random_,
-            .makeMediaEngine = makeMediaEngineFactory(loop_, programDirectory(),
-                                                      [this](const std::string &path) { return files_.find(path); }),
-            .makeCDReader = [] { return std::make_unique<AbsentCDReader>(); },
-            .program = {.directory = programDirectory(), .commandLine = commandLine(arguments, files_)}};
+    return {
+        .loop = loop_,
+        .clock = clock_,
+        .registry = registry_,
+        .files = files_,
+        .boxes = boxes_,
+        .dialogs = dialogs_,
+        .shell = desktop_.shell(),
+        .recentDocuments = desktop_.recentDocuments(),
+        .screen = screen_,
+        .screenSaver = screenSaver_,
+        .systemProperties = systemProperties_,
+        .keyboard = keyboard_,
+        .windows = otherWindows_,
+        .mixer = mixer_,
+        .random = random_,
+        .makeMediaEngine = makeMediaEngineFactory(loop_, programDirectory(),
+                                                  [this](const std::string &path) { return files_.find(path); }),
+        .makeCDReader = [] { return std::make_unique<AbsentCDReader>(); },
+        .makeMp3Enc = [this] { return makeMp3Enc(loop_, [this](const auto &path) { return files_.find(path); }); },
+        .makeMp3Play = [this] { return makeMp3Play(loop_, [this](const auto &path) { return files_.find(path); }); },
+        .program = {.directory = programDirectory(), .commandLine = commandLine(arguments, files_)}};
 }
 
 std::unique_ptr<InstanceServer> Program::listen() {
@@ -77,6 +92,12 @@ std::unique_ptr<InstanceServer> Program::listen() {
     }
 }
 
+std::vector<CompanionWindows::Companion> Program::companions() {
+    std::vector<CompanionWindows::Companion> list;
+    for (const std::uint64_t process : desktop_.batchConverters()) list.push_back({process, kBatchConverterTitle});
+    return list;
+}
+
 int Program::run() {
     const EndSignals signals([this] { end(); });
     const StartResult started = Main(app_);
@@ -90,6 +111,12 @@ int Program::run() {
         break;
     }
     return EXIT_SUCCESS;
+}
+
+// What other programs see of this one, apart from its windows.
+void Program::appear() {
+    QApplication::setWindowIcon(emblemIcon());
+    mpris_ = std::make_unique<MprisPlayer>(remote_);
 }
 
 // The quit is for a box that is up before there is a main window.

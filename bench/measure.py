@@ -31,8 +31,8 @@ TICK = os.sysconf("SC_CLK_TCK")
 
 
 class Bench:
-    def __init__(self):
-        self.session = Session()
+    def __init__(self, size="1280x800x24"):
+        self.session = Session(size=size)
         # What a user has: no accessibility client.
         del self.session.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
         self.windows = WindowWatch(self.session.env["DISPLAY"])
@@ -48,6 +48,12 @@ class Bench:
         subprocess.run(["lame", "--quiet", "-b", "192", wav, mp3], check=True)
         wav.unlink()
         return str(mp3)
+
+    def make_film(self):
+        film = self.session.directory / "film.avi"
+        subprocess.run(["ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", "testsrc=d=120:s=1280x720:r=25", "-f", "lavfi",
+                        "-i", "sine=440:d=120", "-c:v", "mpeg4", "-q:v", "5", "-c:a", "libmp3lame", film], check=True)
+        return str(film)
 
     def launch(self, command):
         """Starts a program; returns its process id and when that was."""
@@ -101,16 +107,21 @@ class Bench:
             self.end(pid)
 
     def cpu(self, command):
-        """Per cent of one core while playing."""
+        """Per cent of one core while playing music."""
+        return self.load(command + [self.music])[0]
+
+    def load(self, command):
+        """Per cent of one core while playing, and MiB at the end of it."""
         self.windows.drop_events()
-        pid, _ = self.launch(command + [self.music])
+        pid, _ = self.launch(command)
         try:
             self.windows.next_window()
             wait_for(self.session.streams, "a stream")
             time.sleep(SETTLE_SECONDS)
             before, begin = cpu_ticks(pid), time.monotonic()
             time.sleep(CPU_SECONDS)
-            return (cpu_ticks(pid) - before) / TICK / (time.monotonic() - begin) * 100
+            share = (cpu_ticks(pid) - before) / TICK / (time.monotonic() - begin) * 100
+            return share, sum(pss(member) for member in family(pid)) / 1024
         finally:
             self.end(pid)
 
@@ -197,7 +208,18 @@ def bench_cpu(bench):
         {"audacious": 1.0})
 
 
-BENCHES = {"window": bench_window, "sound": bench_sound, "memory": bench_memory, "cpu": bench_cpu}
+def bench_film(bench):
+    film = bench.make_film()
+    figures = in_turns(CPU_ROUNDS, bench.load, {"tonvale": TONVALE + [film], "mpv": MPV + ["--no-config", film]})
+    for index, (what, unit, goal) in enumerate((("CPU while playing a film", "%", 1.1),
+                                                ("memory (PSS), film", "MiB", 1.0))):
+        row(what, unit, {name: [pair[index] for pair in pairs] for name, pairs in figures.items()}, {"mpv": goal})
+
+
+# On which screen the window has room for the film and the panel above it.
+SCREENS = {"film": "1600x1200x24"}
+BENCHES = {"window": bench_window, "sound": bench_sound, "memory": bench_memory, "cpu": bench_cpu,
+           "film": bench_film}
 
 
 def main(names):
@@ -205,7 +227,7 @@ def main(names):
     if unknown:
         sys.exit(f"tonvale: no such measurement: {', '.join(sorted(unknown))}; there are {', '.join(BENCHES)}")
     for name in names or BENCHES:
-        bench = Bench()
+        bench = Bench(SCREENS[name]) if name in SCREENS else Bench()
         try:
             BENCHES[name](bench)
         finally:

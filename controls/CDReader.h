@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "controls/Signal.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -22,10 +24,17 @@ struct CdTrack {
     bool PreEmphasis = false;
 };
 
+enum class DriveState : std::int32_t { NoDrive = 0, Idle = 1, Playing = 2, Paused = 4, TrayOpen = 5 };
+
 // A CD drive. Failures are thrown as RuntimeError.
 class CDReader {
 public:
+    CDReader() = default;
     virtual ~CDReader() = default;
+    CDReader(const CDReader &) = delete;
+    CDReader &operator=(const CDReader &) = delete;
+
+    Event<> CopyFinished, CopyBroken, PlayFinished;
 
     [[nodiscard]] virtual std::int32_t DeviceID() const = 0;
     virtual void DeviceID(std::int32_t index) = 0; // zero-based index of the drive
@@ -39,8 +48,10 @@ public:
     virtual void PlayTrack(std::int32_t index) = 0; // zero-based; plays on past the track's end
     virtual void PlayRange(CdTime start, CdTime playTime) = 0;
     virtual void PausePlay() = 0;
+    virtual void ResumePlay() = 0;
     virtual void StopPlay() = 0;
     [[nodiscard]] virtual CdTime PlayPosition() = 0;
+    [[nodiscard]] virtual tonvale::DriveState DriveState() = 0;
 };
 
 // A machine without a reader: never ready, nothing to stop.
@@ -57,8 +68,10 @@ public:
     void PlayTrack(std::int32_t index) override;
     void PlayRange(CdTime start, CdTime playTime) override;
     void PausePlay() override {}
+    void ResumePlay() override {}
     void StopPlay() override {}
     [[nodiscard]] CdTime PlayPosition() override { return CdTime{}; }
+    [[nodiscard]] tonvale::DriveState DriveState() override { return tonvale::DriveState::NoDrive; }
 
 private:
     std::int32_t deviceId_ = 0;

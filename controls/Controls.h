@@ -122,6 +122,9 @@ struct LedGauge : Control, MouseEvents {
 
 struct LevelScale : Control, MouseEvents {};
 
+// A picture that the view draws.
+struct Image : Control, MouseEvents {};
+
 // Min, Max and a Value that always stays between them.
 class RangedControl : public Control {
 public:

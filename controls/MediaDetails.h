@@ -3,18 +3,13 @@
 
 #pragma once
 
+#include "controls/Picture.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace tonvale {
-
-// How large a picture is meant to be seen, in pixels that are square. 0 x 0: there is none.
-struct PictureSize {
-    std::int32_t width = 0, height = 0;
-    [[nodiscard]] bool isEmpty() const { return width <= 0 || height <= 0; }
-    friend bool operator==(const PictureSize &, const PictureSize &) = default;
-};
 
 enum class PictureAspect { AsStored, FourToThree, SixteenToNine, Wide /* 2.35:1 */ };
 

@@ -21,7 +21,9 @@ constexpr std::int32_t kBalanceRange = 10000;
 MediaPlayer::MediaPlayer(MediaServices services)
     : services_(std::move(services)), self_(std::make_shared<MediaPlayer *>(this)) {}
 
-MediaPlayer::~MediaPlayer() { *self_ = nullptr; }
+MediaPlayer::~MediaPlayer() {
+    if (std::exchange(*self_, nullptr)) goingAway();
+}
 
 MediaEngine &MediaPlayer::engine() {
     if (!engine_) {
@@ -49,29 +51,32 @@ void MediaPlayer::close() {
 }
 
 void MediaPlayer::FileName(std::string path) {
-    if (!*self_) throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
+    const auto self = self_;
+    if (!*self) throw RuntimeError(ErrorNumber::ObjectVariableNotSet);
     close();
     settle();
+    if (!*self) throw RuntimeError(ErrorNumber::ObjectVariableNotSet); // shut down by whom the stop was told
+    close();                                                           // what has been opened meanwhile
     if (path.empty()) return;
     engine().open(path);
     fileName_ = std::move(path);
     const std::uint64_t file = ++opened_;
     fitControl();
     fileChanged();
-    const auto tellOpened = [this, file] {
-        const auto isStillOpen = [this, file] { return file == opened_ && !fileName_.empty(); };
+    const auto tellOpened = [this, self, file] {
+        const auto isStillOpen = [this, self, file] { return *self && file == opened_ && !fileName_.empty(); };
         if (isStillOpen()) OpenStateChange(OpenState::Closed, OpenState::Open);
         if (isStillOpen()) ReadyStateChange(kReadyStateComplete);
     };
-    post(tellOpened, false);
+    post({{}, tellOpened});
     if (AutoStart) Play();
 }
 
 void MediaPlayer::Play() {
-    settle();
     if (fileName_.empty() || state_ == PlayState::Playing) return;
     engine().play();
     setState(PlayState::Playing);
+    withdrawStops();
 }
 
 void MediaPlayer::Pause() {
@@ -91,11 +96,10 @@ void MediaPlayer::onEnded() {
 }
 
 void MediaPlayer::shutDown() {
-    *self_ = nullptr;
     waiting_.clear();
     fileName_.clear();
     state_ = PlayState::Stopped;
-    fileChanged();
+    if (std::exchange(*self_, nullptr)) goingAway();
     hold_.reset();
     engine_.reset();
 }
@@ -195,28 +199,46 @@ void MediaPlayer::setState(PlayState state) {
     if (state == state_) return;
     const PlayState old = std::exchange(state_, state);
     updateHold();
-    post([this, old, state] { PlayStateChange(old, state); }, state == PlayState::Stopped);
+    post({StateChange{old, state}, {}});
 }
 
-void MediaPlayer::post(std::function<void()> notify, bool isStop) {
+void MediaPlayer::post(Notification notification) {
     if (!*self_) return;
-    waiting_.push_back({std::move(notify), isStop});
+    waiting_.push_back(std::move(notification));
     services_.loop.post([self = self_] {
         if (*self) (*self)->deliverNext();
     });
 }
 
-// What settle() has delivered already leaves its turn in the loop to a later one, or to none.
+// What has been delivered already or withdrawn leaves its turn in the loop to a later one, or to none.
 void MediaPlayer::deliverNext() {
     if (waiting_.empty()) return;
     const Notification next = std::move(waiting_.front());
     waiting_.pop_front();
-    next.notify();
+    if (next.change)
+        PlayStateChange(next.change->from, next.change->to);
+    else
+        next.other();
+}
+
+bool MediaPlayer::stopWaits() const {
+    return std::any_of(waiting_.begin(), waiting_.end(), [](const Notification &next) { return next.isStop(); });
 }
 
 void MediaPlayer::settle() {
-    const auto isStop = [](const Notification &notification) { return notification.isStop; };
-    while (std::any_of(waiting_.begin(), waiting_.end(), isStop)) deliverNext();
+    const auto self = self_;
+    while (*self && stopWaits()) deliverNext();
+}
+
+// The changes around such a stop become one, or none.
+void MediaPlayer::withdrawStops() {
+    if (!stopWaits()) return;
+    const auto isChange = [](const Notification &next) { return next.change.has_value(); };
+    const auto first = std::find_if(waiting_.begin(), waiting_.end(), isChange);
+    first->change->to = state_;
+    waiting_.erase(std::remove_if(first + 1, waiting_.end(), isChange), waiting_.end());
+    std::erase_if(waiting_,
+                  [](const Notification &next) { return next.change && next.change->from == next.change->to; });
 }
 
 } // namespace tonvale

@@ -12,6 +12,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,8 @@ public:
 
     // Of the open media; a cover picture of a sound file does not count.
     [[nodiscard]] virtual PictureSize pictureSize() const = 0;
+    // For a window to paint. One for the engine's life; it outlives the engine and shows nothing then.
+    [[nodiscard]] virtual std::shared_ptr<PictureSource> picture() = 0;
     [[nodiscard]] virtual MediaSettings settings() const = 0;
     virtual void setSettings(const MediaSettings &settings) = 0;
     [[nodiscard]] virtual std::vector<MediaTrack> tracks() const = 0;
@@ -77,9 +80,10 @@ struct MediaServices {
 };
 
 // The media player control. Its engine is made at the first file. Notifications arrive from the
-// loop, in the order in which their causes happened, each once. One exception keeps an old stop
-// from being taken for a stop of what has been started since: stops that wait are delivered
-// before Play, before a file is opened, and by settle().
+// loop, in the order in which their causes happened, each once. Two exceptions keep an old stop from
+// being taken for a stop of what has been started since: stops that wait are delivered before a file
+// is opened and by settle(), and a stop that is followed by Play before anybody has heard of it has
+// never been.
 class MediaPlayer : public Control {
 public:
     explicit MediaPlayer(MediaServices services);
@@ -124,6 +128,7 @@ public:
     // For the dialogs and the view.
     Signal<MediaDialog> dialogRequested;
     Signal<> fileChanged; // another file, or none, is open
+    Signal<> goingAway;   // with its window: the view lets go of it
     [[nodiscard]] MediaEngine *openEngine() const { return fileName_.empty() ? nullptr : engine_.get(); }
     // What the user does to a picture that covers the screen.
     void userPressedEscape();
@@ -137,14 +142,19 @@ private:
     void onPictureChanged();
     void setState(PlayState state);
     void checkOpen() const;
-    void post(std::function<void()> notify, bool isStop);
-    void deliverNext();
-    void onEnded();
-
-    struct Notification {
-        std::function<void()> notify;
-        bool isStop;
+    struct StateChange {
+        PlayState from, to;
     };
+    struct Notification {
+        std::optional<StateChange> change;
+        std::function<void()> other;
+        [[nodiscard]] bool isStop() const { return change && change->to == PlayState::Stopped; }
+    };
+    void post(Notification notification);
+    void deliverNext();
+    [[nodiscard]] bool stopWaits() const;
+    void withdrawStops();
+    void onEnded();
 
     MediaServices services_;
     std::unique_ptr<MediaEngine> engine_;

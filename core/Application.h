@@ -16,6 +16,8 @@ namespace tonvale {
 class Disclaimer;
 class Form1;
 class ListWindow;
+class MediaOptionsWindow;
+class MediaStatisticsWindow;
 class Settings;
 class VideoWindow;
 class VivoWindow;
@@ -43,7 +45,9 @@ public:
     FormHolder<ListWindow> frmPlayList{forms}, frmVivoPlayList{forms}, frmVideoPlayList{forms};
     FormHolder<tonvale::frmAbout> frmAbout{forms};
     FormHolder<tonvale::Disclaimer> Disclaimer{forms};
-    FormSlot MediaOptions{forms}, MediaStatistics{forms}; // dialogs of the media player control
+    // The dialogs of the media player control.
+    FormHolder<MediaOptionsWindow> MediaOptions{forms};
+    FormHolder<MediaStatisticsWindow> MediaStatistics{forms};
     FormSlot frmAssociate{forms}, frmCDDBMain{forms};
     FormSlot frmCDPlayer{forms}, frmVideoCDPlayer{forms}, frmCD2WAV{forms}, frmCD2MP3{forms};
     FormSlot frmEncode{forms}, frmDecode{forms};

@@ -39,7 +39,8 @@ StartResult Main(Application &app) {
         app.box(kRegistryFailure, BoxIcon::Information, BoxPlace::Foreground);
         return StartResult::Failed;
     }
-    resumeNext(app.Err, [&] { app.form1.form().Show(); });
+    // It shows itself as it loads; a list that it opens then hides it again.
+    resumeNext(app.Err, [&] { app.form1.form(); });
     // A newcomer may close it while it loads.
     return app.form1.isLoaded() ? StartResult::Running : StartResult::Closed;
 }

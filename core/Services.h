@@ -7,6 +7,8 @@
 #include "controls/Loop.h"
 #include "controls/MMPropertiesX.h"
 #include "controls/MediaPlayer.h"
+#include "controls/Mp3Enc.h"
+#include "controls/Mp3Play.h"
 #include "controls/Screen.h"
 #include "controls/WinHook.h"
 
@@ -58,12 +60,13 @@ public:
 
 // ---- files --------------------------------------------------------------------------------
 
-// Reads a text file line by line; a line ends at CR, LF or CR LF.
+// Reads a text file line by line; a line ends at CR or CR LF, an LF alone is part of it.
 class LineReader {
 public:
     virtual ~LineReader() = default;
     // The next line without its end, or nothing at the end of the file. Throws RuntimeError on a
-    // read error and on a line of more than 1 MiB.
+    // read error, on a line of more than 1 MiB, and where the lines so far are more than any list
+    // of files holds.
     virtual std::optional<std::string> next() = 0;
 };
 
@@ -77,12 +80,17 @@ public:
     // The name on disk that `path` finds; `path` itself when it finds none.
     virtual std::string find(const std::string &path) = 0;
     virtual bool fileExists(const std::string &path) = 0; // a file, not a directory
+    virtual bool pathExists(const std::string &path) = 0; // either of them
+    // The names of the files right in the directory, in order of name; hidden ones are left out.
+    virtual std::vector<std::string> filesIn(const std::string &directory) = 0;
     virtual std::int64_t fileLength(const std::string &path) = 0;
     virtual void rename(const std::string &from, const std::string &to) = 0; // never replaces
     virtual void deleteFile(const std::string &path) = 0;
     // Takes away what keeps the file from being written or deleted.
     virtual void clearAttributes(const std::string &path) = 0;
     virtual std::unique_ptr<LineReader> openLines(const std::string &path) = 0; // regular files only
+    // Gives the file this content, whole or not at all. A link stays a link; a new file is made.
+    virtual void replaceFile(const std::string &path, const std::string &content) = 0;
     virtual std::string currentDirectory() = 0;
     // A directory of this user alone, ending in the separator.
     virtual std::string temporaryDirectory() = 0;
@@ -91,7 +99,7 @@ public:
 // ---- message boxes and dialogs -------------------------------------------------------------
 
 enum class BoxIcon { None, Critical, Question, Exclamation, Information };
-enum class BoxButtons { Ok, YesNo };
+enum class BoxButtons { Ok, YesNo, YesNoButNoPreferred, YesNoCancel };
 enum class BoxResult { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
 enum class BoxPlace { Normal, Foreground, SystemModal }; // system modal is foreground, too
 
@@ -106,7 +114,8 @@ struct MessageBox {
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
-    // Shows the box and serves messages until it is answered. Closing a Yes/No box is No.
+    // Shows the box and serves messages until it is answered. Closing a box with Cancel is Cancel,
+    // closing another one with No is No.
     virtual BoxResult show(const MessageBox &box) = 0;
 };
 
@@ -117,9 +126,9 @@ struct OpenFileName {
     std::string filter; // description, zero, patterns "*.a;*.b", zero, ... and a last zero
     std::int32_t filterIndex = 0;
     std::string initialDirectory;
-    std::string defaultExtension; // without the dot
+    std::string defaultExtension; // with or without the dot
     std::int32_t flags = 0;
-    // How many bytes the answer may have. A single name may always have as many as a path here can.
+    // How many bytes the caller makes room for. The answer has as many as it needs all the same.
     std::size_t capacity = 256;
     std::string file;      // in: the name proposed; out: the answer
     std::string fileTitle; // out: the name without its directory; empty when several were chosen
@@ -246,6 +255,8 @@ struct Services {
     Random &random;
     MediaEngineFactory makeMediaEngine;
     std::function<std::unique_ptr<CDReader>()> makeCDReader;
+    std::function<std::unique_ptr<Mp3Enc>()> makeMp3Enc;
+    std::function<std::unique_ptr<Mp3Play>()> makeMp3Play;
     FileAssociations *associations = nullptr; // null: not there
     ProgramInfo program;
 

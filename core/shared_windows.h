@@ -8,9 +8,20 @@
 #include "controls/MediaPlayer.h"
 #include "controls/VvWeb.h"
 
+#include <string>
+#include <utility>
+
 // What windows of one folder need of windows of another that lies above it.
 
 namespace tonvale {
+
+// The main window, Form1.
+class MainWindow : public Form {
+public:
+    using Form::Form;
+    virtual void mailmemenu_Click() = 0;  // begins a mail to the vendor
+    virtual void visitmemenu_Click() = 0; // opens the vendor's home page
+};
 
 // A window with a list of paths (frmPlayList, frmVivoPlayList, frmVideoPlayList).
 class ListWindow : public Form {
@@ -24,6 +35,10 @@ class VivoWindow : public Form {
 public:
     using Form::Form;
     virtual VvWeb &VvWeb1() = 0;
+    // Leaves full screen where FullScreenMenu is checked, enters it where it is not, and turns the
+    // mark over.
+    virtual void SetFullScreen() = 0;
+    MenuEntry FullScreenMenu{"Full Screen Mode"};
 };
 
 // The window that fills the screen with a film (frmVideoPlay).

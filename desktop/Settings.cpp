@@ -9,7 +9,6 @@
 #include "desktop/StayOnTop.h"
 
 #include <array>
-#include <memory>
 
 namespace tonvale {
 
@@ -39,6 +38,7 @@ std::int16_t boxValue(const std::string &text) {
 
 Settings::Settings(Application &app) : Form(app.forms, "Settings"), app_(app) {
     Caption = "General Settings";
+    Check4.Value = 1; // where the settings cannot be read, nothing is deleted unasked
     Check3.Click = handler([this] { Check3_Click(); });
 }
 
@@ -72,10 +72,6 @@ void Settings::Check3_Click() {
         StayOnTop(app_.form1.form());
     else
         NotOnTop(app_.form1.form());
-}
-
-void registerDesktopWindows(Application &app) {
-    app.settings.setFactory([&app] { return std::make_unique<Settings>(app); });
 }
 
 } // namespace tonvale

@@ -33,7 +33,4 @@ private:
     bool readable_ = false; // the store could be read at load
 };
 
-// Says how the windows of this folder are made.
-void registerDesktopWindows(Application &app);
-
 } // namespace tonvale

@@ -37,26 +37,30 @@ std::unique_ptr<CDReader> makeReader(Application &app) {
 } // namespace
 
 Form1::Form1(Application &app)
-    : Form(app.forms, "Form1"), ActiveMovie1(app.services.media()), CDReader(makeReader(app)),
+    : MainWindow(app.forms, "Form1"), ActiveMovie1(app.services.media()), CDReader(makeReader(app)),
       Timer1(app.services.loop, 500), Timer2(app.services.loop, 125), Timer3(app.services.loop, 100),
-      CDR_Timer(app.services.loop, 1000), RecentFiles(app), app_(app), VolumeControl_(app.services.mixer),
-      WindowMover(app) {
+      CDR_Timer(app.services.loop, 1000), WinHook1(app.services.keyboard), MMProps(app.services.systemProperties),
+      RecentFiles(app), app_(app), VolumeControl_(app.services.mixer), WindowMover(app) {
     Caption = app.services.program.title;
     Width = kDesignWidth;
     Height = kDesignHeight;
     setChrome(0, kDesignChrome);
-    // The frame for a picture of no height is the window as it is.
+    placePicture();
     ActiveMovie1.Left = kPictureMargin;
-    ActiveMovie1.Top = ScaleHeight() - kPictureMargin;
     ActiveMovie1.Width = ScaleWidth() - 2 * kPictureMargin;
     ActiveMovie1.Visible = false;
     connectPanel();
     connectDragging();
     connectMenus();
     connectEngines();
+    connectTray();
+    chrome_ = chromeChanged.connect([this] { placePicture(); });
 }
 
 Form1::~Form1() = default;
+
+// The frame for a picture of no height is the window as it is, whatever stands around its inside.
+void Form1::placePicture() { ActiveMovie1.Top = kDesignHeight - (Height - ScaleHeight()) - kPictureMargin; }
 
 void Form1::connectPanel() {
     MMLEDX1.ToolTipText = "Media Status";
@@ -73,6 +77,8 @@ void Form1::connectPanel() {
     btnStop.Click = handler([this] { btnStop_Click(); });
     btnMute.Click = handler([this] { MuteMenu_Click(); });
     btnMute.MouseMove = handler([this] { btnMute_MouseMove(); });
+    btnDelete.Click = handler([this] { btnDelete_Click(); });
+    btnHelp.Click = handler([this] { infomenu_Click(); });
     slidTracker.Change = handler([this] { slidTracker_Change(); });
     slidTracker.Scroll = handler([this] { slidTracker_Change(); });
     MMLEDSpinX1.Change = handler([this] { MMLEDSpinX1_Change(); });
@@ -94,25 +100,6 @@ void Form1::connectDragging() {
     for (auto *group :
          {&CurPosLEDHour, &CurPosLEDMinute, &CurPosLEDSecond, &TotalLEDHour, &TotalLEDMinute, &TotalLEDSecond})
         for (LedDigit &digit : *group) drags(digit);
-}
-
-void Form1::connectMenus() {
-    playmenu.Click = handler([this] { playmenu_Click(); });
-    playnewpop.Click = handler([this] { playmenu_Click(); });
-    VidPlayPop.Click = handler([this] { playmenu_Click(); });
-    playcurrentmenu.Click = handler([this] { playcurrentmenu_Click(); });
-    playcurrentpop.Click = handler([this] { playcurrentmenu_Click(); });
-    VidPlayCurrentPop.Click = handler([this] { playcurrentmenu_Click(); });
-    PauseMenu.Click = handler([this] { PauseMenu_Click(); });
-    PauseMenuPop.Click = handler([this] { PauseMenu_Click(); });
-    VidPausePop.Click = handler([this] { PauseMenu_Click(); });
-    StopMenu.Click = handler([this] { StopMenu_Click(); });
-    ControlsMenu.Click = handler([this] { ControlsMenu_Click(); });
-    MuteMenu.Click = handler([this] { MuteMenu_Click(); });
-    VidMutePop.Click = handler([this] { MuteMenu_Click(); });
-    ExitMenu.Click = handler([this] { Unload(); });
-    for (std::size_t i = 1; i < mnuFileMRU.size(); ++i)
-        mnuFileMRU[i].Click = handler([this, i] { mnuFileMRU_Click(i); });
 }
 
 void Form1::connectEngines() {
@@ -193,15 +180,18 @@ void Form1::deleteLeftover() {
     });
 }
 
+std::string Form1::commandLinePath() const { return withoutOuterQuotes(trimBlanks(app_.services.program.commandLine)); }
+
 // Returns whether the load goes on.
 bool Form1::openCommandLine() {
-    const std::string path = withoutOuterQuotes(trimBlanks(app_.services.program.commandLine));
+    const std::string path = commandLinePath();
     bool exists = false;
     attempt([&] { exists = !path.empty() && app_.services.files.fileExists(path); });
     return !exists || openFromCommandLine(path);
 }
 
 void Form1::Form_Unload(std::int16_t & /*cancel*/) {
+    TrayX1.Visible = false;
     if (settingIsOn(&Settings::Check2) && FormPos) FormPos->SaveForm();
     attempt([&] { ActiveMovie1.Stop(); });
     attempt([&] { CDReader->StopPlay(); });

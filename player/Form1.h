@@ -7,8 +7,12 @@
 #include "controls/Controls.h"
 #include "controls/Form.h"
 #include "controls/Loop.h"
+#include "controls/MMPropertiesX.h"
 #include "controls/MediaPlayer.h"
+#include "controls/TrayX.h"
+#include "controls/WinHook.h"
 #include "core/Application.h"
+#include "core/shared_windows.h"
 #include "desktop/CCaptionlessWindowMover.h"
 #include "desktop/CFormPos.h"
 #include "desktop/CMRU.h"
@@ -18,6 +22,7 @@
 
 #include <array>
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -26,7 +31,7 @@ namespace tonvale {
 // The main window: the player's panel, its menus and its engines. It keeps no state variable; the
 // state is in the captions of its menu entries, in Text1 and in its timers, and other windows read
 // and write them.
-class Form1 : public Form, public Form1Menus {
+class Form1 : public MainWindow, public Form1Menus {
 public:
     explicit Form1(Application &app);
     ~Form1() override;
@@ -55,18 +60,26 @@ public:
     std::unique_ptr<tonvale::CDReader> CDReader;
     Timer Timer1, Timer2, Timer3, CDR_Timer;
 
+    // ---- the desktop ----
+    TrayX TrayX1;
+    WinHook WinHook1;
+    MMPropertiesX MMProps;
+
     // ---- for other windows ----
     // Brings the window back to Idle.
     void PlayStopped();
     // Splits seconds into HourText, MinuteText and SecondText, and writes them into `text`: with
     // `clockForm` as "00:01:40", else as words, short ones with `shortForm`.
     void ConvertSeconds(std::int32_t seconds, bool clockForm, bool shortForm, std::string &text);
+    void mailmemenu_Click() override;
+    void visitmemenu_Click() override;
 
     std::string HourText, MinuteText, SecondText;
     std::int32_t OriginalWidth = 0, OriginalHeight = 0; // twips
     std::int32_t VideoMargin = 0;                       // twips
     std::int32_t CurrentTrack = 0;                      // zero-based
     std::string LastOpenName, RaPath;
+    bool DeleteDeclined = false; // the question before a deletion was answered with No
     CMRU RecentFiles;
 
     void Form_LinkExecute(std::string &commandString, std::int16_t &cancel) override;
@@ -83,15 +96,64 @@ private:
     void Form_Unload(std::int16_t &cancel) override;
     void connectPanel();
     void connectDragging();
-    void connectMenus();
     void connectEngines();
+    void placePicture();
     void readBaseSize();
     void restorePosition();
     void loadRecentFiles();
     void deleteLeftover();
+    [[nodiscard]] std::string commandLinePath() const;
     bool openCommandLine();
     void closeBatchConverter();
     bool settingIsOn(CheckBox Settings::*box);
+
+    // ---- menus.cpp ----
+    using Action = void (Form1::*)();
+    void connectMenus();
+    void connectPlayback();
+    void connectFileActions();
+    void connectZoom();
+    void connectDesktop();
+    void connectWindows();
+    // One action behind an entry of the main menu and its twins in the pop-ups.
+    void connect(Action action, std::initializer_list<MenuEntry *> entries);
+    void WinHook1_KeyDown(std::int32_t keyCode);
+    void CDDBMenu_Click();
+
+    // ---- file_actions.cpp ----
+    struct VendorAddress {
+        std::string address, withoutProgram, notFound;
+    };
+    void DeleteMenu_Click();
+    void deleteFile(const std::string &path);
+    void btnDelete_Click();
+    void infomenu_Click();
+    void openAddress(const VendorAddress &target);
+    void ClearDocMenu_Click();
+    void ClearMRUMenu_Click();
+    void WAVConvertMenu_Click();
+
+    // ---- tray.cpp ----
+    void connectTray();
+    void traymenu_Click();
+    void restoreFromTray();
+
+    // ---- video.cpp ----
+    void FitWindowToVideo();
+    FrameSize frameForPicture();
+    // Returns whether the frame has room on the screen; else the picture covers the screen.
+    bool fitWindow(FrameSize frame);
+    void zoomTo(std::int32_t displaySize);
+    void original_Click();
+    void FullZoomMenu_Click();
+    void FullScreenAdvMenu_Click();
+    void FileMenu_Click();
+    void zoom_Click();
+    void rollmenu_Click();
+    void StartSSMenu_Click();
+    [[nodiscard]] bool isVivo();
+    enum class VivoSize { Window, FullScreen };
+    void showVivo(VivoSize size);
 
     // ---- transport.cpp ----
     // Brings the window to Running.
@@ -119,8 +181,6 @@ private:
     void ActiveMovie1_MouseMove();
     void ActiveMovie1_MouseUp(std::int16_t button);
     FrameSize askForRealVideo();
-    FrameSize frameForPicture();
-    void fitWindow(FrameSize frame);
 
     // ---- panel.cpp ----
     void Timer1_Timer();
@@ -177,6 +237,7 @@ private:
     bool TrackerBusy = false, CDTrackerBusy = false;
     CdTime CDPausePosition{};
     std::int32_t CDWaitStart = 0;
+    Connection chrome_, visible_, trayVisible_;
 };
 
 } // namespace tonvale

@@ -7,7 +7,8 @@ namespace tonvale {
 
 Form1Menus::Form1Menus() {
     arrangeMainMenu();
-    arrangePopUps();
+    arrangeTrayMenu();
+    arrangePictureMenu();
 }
 
 MenuEntry *Form1Menus::separator() {
@@ -29,11 +30,23 @@ void Form1Menus::arrangeMainMenu() {
     OptionsMenu.children = {&generalmenu, &assosicatemenu, separator(),   &zoom,
                             &MMPropsMenu, separator(),     &ClearDocMenu, &ClearMRUMenu};
     WindowMenu.children = {&rollmenu, &traymenu, separator(), &StartSSMenu};
+    infomenu.Shortcut = "F1";
     helpmenu.children = {&infomenu, separator(), &mailmemenu, &visitmemenu, separator(), &DisclaimerMenu, &aboutmenu};
     menuBar_ = {&FileMenu, &ControlsMenu, &ConversionsMenu, &OptionsMenu, &WindowMenu, &helpmenu};
 }
 
-void Form1Menus::arrangePopUps() {
+void Form1Menus::arrangeTrayMenu() {
+    helppopmenu.children = {&aboutpop, separator(), &visitmepop, &MailOrvanePop, separator(), &InfoPopMenu};
+    ConvertPopMenu.children = {&BatchConvPop, separator(), &cd2wavpop, &cd2mp2pop,
+                               separator(),   &wav2mp3pop, &Mp32WAVPop};
+    PopUpMenu2.children = {&exitpop,     separator(),     &helppopmenu, &ConvertPopMenu,   separator(),
+                           &DeleteMenu2, &PauseMenuPop,   separator(),  &VivoPlayListMenu, &playlistmenu2,
+                           separator(),  &playcurrentpop, &playnewpop,  separator(),       &showpop};
+}
+
+void Form1Menus::arrangePictureMenu() {
+    VidZoomPop.children = {&VidOrigSize, separator(), &FullPopMenu,   &VidFullPop,
+                           separator(),  &VidHalfPop, &VidQuarterPop, &VidDblPop};
     VidPopMenu.children = {&VidPlayPop,   &VidPlayCurrentPop, &VidPausePop, separator(),
                            &VidDeletePop, separator(),        &VidMutePop,  &VidZoomPop};
 }

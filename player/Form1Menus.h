@@ -57,21 +57,36 @@ public:
     MenuEntry infomenu{"&Help"}, mailmemenu{"&Mail Orvane Productions"};
     MenuEntry visitmemenu{"&Visit Orvane Productions on the Web"}, DisclaimerMenu{"&Disclaimer"}, aboutmenu{"&About"};
 
-    // The tray's menu, as far as the player's state shows there
-    MenuEntry playnewpop{"Play New File"}, playcurrentpop{"Play Current File"}, PauseMenuPop{"Pause"};
-    MenuEntry DeleteMenu2{"Delete Current File"};
+    // The tray's menu
+    MenuEntry PopUpMenu2{"PopUpMenu"};
+    MenuEntry exitpop{"Exit"};
+    MenuEntry helppopmenu{"Help"};
+    MenuEntry aboutpop{"About"}, visitmepop{"Visit Orvane Productions on the Web"};
+    MenuEntry MailOrvanePop{"Mail Orvane Productions"}, InfoPopMenu{"Help"};
+    MenuEntry ConvertPopMenu{"Conversions"};
+    MenuEntry BatchConvPop{"WAV Batch Converter"}, cd2wavpop{"Convert CD Audio to WAV"};
+    MenuEntry cd2mp2pop{"Convert CD Audio to MP3"}, wav2mp3pop{"Convert WAV to MP3"};
+    MenuEntry Mp32WAVPop{"Convery MP3 to WAV"};
+    MenuEntry DeleteMenu2{"Delete Current File"}, PauseMenuPop{"Pause"};
+    MenuEntry VivoPlayListMenu{"Vivo PlayList"}, playlistmenu2{"Audio PlayList"};
+    MenuEntry playcurrentpop{"Play Current File"}, playnewpop{"Play New File"}, showpop{"Restore Window"};
 
     // The picture's menu
     MenuEntry VidPopMenu;
     MenuEntry VidPlayPop{"Play"}, VidPlayCurrentPop{"Play Current File"}, VidPausePop{"Pause"};
-    MenuEntry VidDeletePop{"Delete Current File"}, VidMutePop{"Mute"}, VidZoomPop{"Video Zoom"};
+    MenuEntry VidDeletePop{"Delete Current File"}, VidMutePop{"Mute"};
+    MenuEntry VidZoomPop{"Video Zoom"};
+    MenuEntry VidOrigSize{"Original Size"}, FullPopMenu{"Full Screen (Normal - Advanced Options)"};
+    MenuEntry VidFullPop{"Full Screen (Stretch)"}, VidHalfPop{"Half Screen"}, VidQuarterPop{"Quarter Screen"};
+    MenuEntry VidDblPop{"Double Original Size"}; // without an action
 
     // The menu bar, left to right.
     [[nodiscard]] const std::vector<MenuEntry *> &menuBar() const { return menuBar_; }
 
 private:
     void arrangeMainMenu();
-    void arrangePopUps();
+    void arrangeTrayMenu();
+    void arrangePictureMenu();
     MenuEntry *separator();
 
     std::vector<MenuEntry *> menuBar_;

@@ -16,7 +16,9 @@ inline constexpr const char *kPause = "Pa&use";                    // PauseMenu:
 inline constexpr const char *kResume = "&Resume";                  // PauseMenu: paused
 inline constexpr const char *kMute = "&Mute";                      // MuteMenu: sound on
 inline constexpr const char *kUnMute = "&Un-Mute";                 // MuteMenu: master volume at 0
+inline constexpr const char *kRollUp = "&Roll Up";                 // rollmenu: at full height
 inline constexpr const char *kRollDown = "&Roll Down";             // rollmenu: rolled up
+inline constexpr const char *kPictureHint = "Right-Click for Options...";
 
 } // namespace tonvale::caption
 

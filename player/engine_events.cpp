@@ -16,7 +16,6 @@ namespace {
 constexpr const char *kRealVideoQuestion =
     "Is the selected file RealVideo or RealAudio?  If RealVideo, click \"Yes\", otherwise click \"No\".";
 constexpr const char *kFullScreenHint = "Press escape to resturn to Tonvale.  Left-Click to replay.";
-constexpr const char *kPictureHint = "Right-Click for Options...";
 
 } // namespace
 
@@ -41,7 +40,8 @@ void Form1::ActiveMovie1_OpenStateChange() {
         Height = OriginalHeight;
     }
     // The extension as it stands: ".AVI" shows its picture but keeps the window's size.
-    if (media::isIn(media::kVideo, extension)) fitWindow(frame);
+    if (media::isIn(media::kVideo, extension) && fitWindow(frame))
+        attempt([&] { ActiveMovie1.Left = roundEven(ActiveMovie1.Left); });
     Timer3.Enabled(true);
 }
 
@@ -51,30 +51,6 @@ Form1::FrameSize Form1::askForRealVideo() {
         app_.box(kRealVideoQuestion, BoxIcon::Information, BoxPlace::Foreground, BoxButtons::YesNo);
     ActiveMovie1.Visible = answer == BoxResult::Yes;
     return ActiveMovie1.Visible ? frameForPicture() : FrameSize{OriginalWidth, OriginalHeight};
-}
-
-// The frame that the window needs to hold the picture, in twips.
-Form1::FrameSize Form1::frameForPicture() {
-    FrameSize frame;
-    attempt([&] { frame.width = toInt32(ActiveMovie1.Width + 2.0 * VideoMargin + Width - ScaleWidth()); });
-    attempt([&] {
-        frame.height = toInt32(ActiveMovie1.Top + ActiveMovie1.Height + Height - ScaleHeight() +
-                               VideoMargin / kTwipsPerPixel * kTwipsPerPixel);
-    });
-    return frame;
-}
-
-void Form1::fitWindow(FrameSize frame) {
-    Screen &screen = app_.services.screen;
-    if (frame.width > screen.width() || frame.height > screen.height()) {
-        ActiveMovie1.FullScreenMode = true;
-        return;
-    }
-    if (frame.width < OriginalWidth) frame.width = OriginalWidth;
-    ActiveMovie1.FullScreenMode = false;
-    Move((screen.width() - frame.width) / 2, (screen.height() - frame.height) / 2, frame.width, frame.height);
-    const bool roomBeside = ScaleWidth() > ActiveMovie1.Width;
-    ActiveMovie1.Left = roomBeside ? roundEven((ScaleWidth() - ActiveMovie1.Width) / 2) : VideoMargin;
 }
 
 // The end of the media and any stop of the engine, those by the program included.
@@ -93,7 +69,7 @@ void Form1::ActiveMovie1_PlayStateChange(PlayState state) {
 }
 
 void Form1::ActiveMovie1_MouseMove() {
-    ActiveMovie1.ToolTipText = ActiveMovie1.FullScreenMode ? kFullScreenHint : kPictureHint;
+    ActiveMovie1.ToolTipText = ActiveMovie1.FullScreenMode ? kFullScreenHint : caption::kPictureHint;
 }
 
 void Form1::ActiveMovie1_MouseUp(std::int16_t button) {
@@ -106,7 +82,7 @@ void Form1::ActiveMovie1_MouseUp(std::int16_t button) {
     VidDeletePop.Enabled = DeleteMenu.Enabled;
     VidMutePop.Caption = MuteMenu.Caption;
     VidZoomPop.Enabled = zoom.Enabled;
-    popUpRequested(VidPopMenu);
+    PopupMenu(VidPopMenu);
 }
 
 } // namespace tonvale

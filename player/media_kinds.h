@@ -20,6 +20,8 @@ inline constexpr std::string_view kRealMetafile = ".ram";
 inline constexpr std::array<std::string_view, 5> kRealMedia{".ram", ".ra", ".rm", ".rpm", ".rmm"};
 inline constexpr std::array<std::string_view, 10> kVideo{".avi", ".mov", ".mpg", ".mpeg", ".dat",
                                                          ".m1v", ".enc", ".qt",  ".mpv",  ".mpa"};
+inline constexpr std::array<std::string_view, 13> kNoZoom{".cda", ".rpm",  ".mp3",  ".wav", ".asf", ".mid", ".midi",
+                                                          ".aif", ".aifc", ".aiff", ".au",  ".snd", ".rmi"};
 
 template <std::size_t size>
 [[nodiscard]] constexpr bool isIn(const std::array<std::string_view, size> &set, std::string_view extension) {

@@ -8,6 +8,7 @@
 #include "core/setting_keys.h"
 #include "core/shared_windows.h"
 #include "desktop/Settings.h"
+#include "desktop/list_editing.h"
 #include "player/captions.h"
 #include "player/media_kinds.h"
 
@@ -79,15 +80,10 @@ void Form1::OpenPlaylist(const std::string &path) {
     const BoxResult answer = app_.box("Is the selected playlist file audio of vivo?\r\n\r\nIf audio, click Yes\r\n"
                                       "If vivo, click No.",
                                       BoxIcon::Information, BoxPlace::Foreground, BoxButtons::YesNo);
+    if (isUnloading()) return; // closed while the box was up
     FormHolder<ListWindow> &list = answer == BoxResult::Yes ? app_.frmPlayList : app_.frmVivoPlayList;
     attempt([&] { list->Show(); });
-    std::vector<std::string> rows;
-    attempt([&] {
-        const auto lines = app_.services.files.openLines(path);
-        while (auto line = lines->next())
-            if (!line->empty()) rows.push_back(std::move(*line));
-    });
-    attempt([&] { list->List1.AddItems(std::move(rows)); });
+    attempt([&] { appendRows(app_, list->List1, path); });
 }
 
 bool Form1::RenameRam(const std::string &path) {
@@ -210,7 +206,7 @@ std::string Form1::chooseMediaFile() {
 void Form1::openFromDialog() {
     Timer1.Enabled(false);
     const std::string path = chooseMediaFile();
-    if (path.empty()) return;
+    if (path.empty() || isUnloading()) return;
     app_.paths.ParsePath(path, "");
     attempt([&] { app_.saveSetting(setting::kOpenMediaDirectory, app_.paths.ParsedDirectory); });
     const std::string extension = app_.paths.ParsedExtension;

@@ -3,29 +3,72 @@
 
 #include "ui/FormWindow.h"
 
+#include "ui/children.h"
+#include "ui/dropped_files.h"
+#include "ui/menus.h"
 #include "ui/text.h"
 #include "ui/units.h"
+#include "ui/window_place.h"
 
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QCursor>
+#include <QDropEvent>
 #include <QEventLoop>
-#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
-#include <QScreen>
+#include <QSysInfo>
 #include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace tonvale {
 
 namespace {
 
-// What the desktop's title bar counts for in a form's height; how high it really is, is up to the
-// window manager.
-constexpr int kNominalTitleHeight = 22;    // device-independent pixels
 constexpr int kLongestWaitForScreen = 200; // milliseconds
-constexpr int kLeastInReach = 240;         // device-independent pixels of the title
+constexpr int kLargest = 16000;            // device-independent pixels; window systems fail beyond
+constexpr Qt::WindowStates kFilling = Qt::WindowMaximized | Qt::WindowFullScreen;
+constexpr const char *kUriList = "text/uri-list";
+
+Qt::WindowFlags flagsFor(BorderStyle border) {
+    if (border == BorderStyle::None) return Qt::Window | Qt::FramelessWindowHint;
+    const Qt::WindowFlags flags = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                  Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+    // A fixed size is the form's to say, so there is nothing to maximize.
+    return border == BorderStyle::Sizable ? flags | Qt::WindowMaximizeButtonHint : flags;
+}
+
+std::int16_t buttonNumber(Qt::MouseButton button) {
+    switch (button) {
+    case Qt::LeftButton: return kLeftButton;
+    case Qt::RightButton: return kRightButton;
+    case Qt::MiddleButton: return kMiddleButton;
+    default: return 0;
+    }
+}
+
+std::int16_t shiftNumber(Qt::KeyboardModifiers keys) {
+    constexpr int kShift = 1, kControl = 2, kAlt = 4;
+    return static_cast<std::int16_t>((keys.testFlag(Qt::ShiftModifier) ? kShift : 0) |
+                                     (keys.testFlag(Qt::ControlModifier) ? kControl : 0) |
+                                     (keys.testFlag(Qt::AltModifier) ? kAlt : 0));
+}
+
+// The character that a key gives, or 0. One that is beyond a byte is "?".
+std::int16_t keyAscii(const QKeyEvent &key) {
+    constexpr int kBytes = 256;
+    if (key.key() == Qt::Key_Escape) return kKeyEscape;
+    if (key.text().isEmpty() || key.key() == Qt::Key_Delete) return 0;
+    const int character = key.text().front().unicode();
+    return static_cast<std::int16_t>(character < kBytes ? character : '?');
+}
 
 // Ends a loop as the window is exposed. The window itself gets the event afterwards and paints.
 class ExposeWatcher : public QObject {
@@ -46,30 +89,57 @@ private:
 
 FormWindow::FormWindow(Form &form, int menuHeight) : form_(&form), menuHeight_(menuHeight) {
     setObjectName(QString::fromStdString(form.Name));
-    // Its size is the form's to say, so there is nothing to maximize.
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
-    form.setChrome(0, toTwips(kNominalTitleHeight + menuHeight));
+    setWindowFlags(flagsFor(form.BorderStyle));
+    form.setChrome(0, toTwips(titleHeight() + menuHeight));
+}
+
+bool FormWindow::isSizable() const { return form_->BorderStyle == BorderStyle::Sizable; }
+
+// Without a caption a maximized window has no title to show.
+bool FormWindow::coversScreen() const {
+    return isSizable() && form_->State == WindowState::Maximized && form_->Caption.get().empty();
+}
+
+int FormWindow::titleHeight() const {
+    return form_->BorderStyle == BorderStyle::None || coversScreen() ? 0 : kNominalTitleHeight;
 }
 
 void FormWindow::bindWindow() {
+    bindShape();
+    bindCommands();
+    bindings_.follow(form_->Visible, [this] { followVisible(); });
+}
+
+void FormWindow::bindShape() {
     Form &form = *form_;
-    bindings_.follow(form.Caption, [this] { setWindowTitle(shown(form_->Caption)); });
     bindings_.follow(form.Enabled, [this] { setEnabled(form_->Enabled); });
     bindings_.follow(form.Width, [this] { followSize(); });
     bindings_.keep(form.Height.onChange([this] { followSize(); }));
-    // A form that nobody has placed is placed by the window manager.
+    bindings_.keep(form.MinWidth.onChange([this] { followSize(); }));
+    bindings_.keep(form.MinHeight.onChange([this] { followSize(); }));
     if (form.Left != 0 || form.Top != 0) followPlace();
     bindings_.keep(form.Left.onChange([this] { followPlace(); }));
     bindings_.keep(form.Top.onChange([this] { followPlace(); }));
     bindings_.follow(form.Topmost, [this] { followTopmost(); });
-    bindings_.follow(form.State, [this] { followState(); });
+    bindings_.keep(form.State.onChange([this] { followState(); }));
+    bindings_.follow(form.Caption, [this] {
+        setWindowTitle(shown(form_->Caption));
+        followState();
+    });
+    bindings_.follow(form.AcceptsFiles, [this] { setAcceptDrops(form_->AcceptsFiles); });
+}
+
+void FormWindow::bindCommands() {
+    Form &form = *form_;
     bindings_.keep(form.raised.connect([this] {
         raise();
         activateWindow();
     }));
     bindings_.keep(form.refreshed.connect([this] { comeOnScreen(); }));
-    bindings_.follow(form.Visible, [this] { followVisible(); });
+    bindings_.keep(form.popUpRequested.connect([this](MenuEntry &menu) { popUp(menu); }));
+    bindings_.keep(form.moveRequested.connect([this] {
+        if (QWindow *window = windowHandle()) window->startSystemMove();
+    }));
 }
 
 void FormWindow::release() {
@@ -80,30 +150,31 @@ void FormWindow::release() {
 }
 
 void FormWindow::followSize() {
-    const int height = std::max(menuHeight_, toPixels(form_->Height) - kNominalTitleHeight);
-    setFixedSize(toPixels(form_->Width), height);
-}
-
-void FormWindow::followPlace() {
-    if (!telling_) move(reachable({toPixels(form_->Left), toPixels(form_->Top)}));
+    if (telling_) return;
+    const auto inside = [this](double width, double height) {
+        return QSize(std::clamp(toPixels(width), 1, kLargest),
+                     std::clamp(toPixels(height) - titleHeight(), std::max(1, menuHeight_), kLargest));
+    };
+    if (!isSizable()) {
+        setFixedSize(inside(form_->Width, form_->Height));
+        return;
+    }
+    setMinimumSize(inside(form_->MinWidth, form_->MinHeight));
+    if (form_->State == WindowState::Normal) resize(inside(form_->Width, form_->Height));
 }
 
 // The form may be told any place; its title stays where a mouse can get it.
-QPoint FormWindow::reachable(QPoint place) const {
-    const QScreen *screen = QGuiApplication::screenAt(place + QPoint(width() / 2, 0));
-    if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-    if (screen == nullptr) return place;
-    const QRect area = screen->availableGeometry();
-    const int left = area.left() - std::max(0, width() - kLeastInReach), right = area.right() - kLeastInReach;
-    const int top = area.top(), bottom = area.bottom() - kNominalTitleHeight;
-    return {std::clamp(place.x(), left, std::max(left, right)), std::clamp(place.y(), top, std::max(top, bottom))};
+void FormWindow::followPlace() {
+    if (!telling_) move(reachablePlace(*this, {toPixels(form_->Left), toPixels(form_->Top)}));
 }
 
 void FormWindow::followState() {
     const WindowState state = form_->State;
-    Qt::WindowStates states = windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    Qt::WindowStates states = windowState() & ~(Qt::WindowMinimized | kFilling);
     if (state == WindowState::Minimized) states |= Qt::WindowMinimized;
-    if (state == WindowState::Maximized) states |= Qt::WindowMaximized;
+    if (state == WindowState::Maximized && isSizable())
+        states |= coversScreen() ? Qt::WindowFullScreen : Qt::WindowMaximized;
+    form_->setChrome(0, toTwips(titleHeight() + menuHeight_));
     setWindowState(states);
 }
 
@@ -116,8 +187,35 @@ void FormWindow::followTopmost() {
 }
 
 void FormWindow::followVisible() {
+    if (form_->Visible && !std::exchange(prepared_, true)) prepareFirstShow();
+    if (form_ == nullptr) return;
+    if (!form_->Visible && onRestored_) return showMinimized();
     if (form_->Visible && testAttribute(Qt::WA_WState_Created)) followPlace();
+    if (form_->Visible && isMinimized()) followState();
     setVisible(form_->Visible);
+}
+
+void FormWindow::hideAsMinimized(std::function<void()> onRestored) {
+    onRestored_ = std::move(onRestored);
+    // Not at once: the form may be about to be shown again.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (form_ != nullptr && prepared_ && !form_->Visible) followVisible();
+        },
+        Qt::QueuedConnection);
+}
+
+// A window is told its size before it is seen for the first time, and may answer with another.
+void FormWindow::prepareFirstShow() {
+    {
+        const QScopedValueRollback telling(telling_, true);
+        form_->userResized(form_->Width, form_->Height);
+    }
+    if (form_ == nullptr) return;
+    followSize();
+    if (form_->Left != 0 || form_->Top != 0) return;
+    if (const auto place = firstPlace(*this)) form_->Move(toTwips(place->x()), toTwips(place->y()));
 }
 
 // What follows may keep the thread busy for seconds, so the window is painted before.
@@ -135,17 +233,42 @@ void FormWindow::comeOnScreen() {
     loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
+void FormWindow::popUp(MenuEntry &entry) {
+    QMenu *&menu = popUps_[&entry];
+    if (menu == nullptr) {
+        menu = &makeChild<QMenu>(*this);
+        bindMenu(bindings_, *menu, entry);
+    }
+    menu->popup(QCursor::pos());
+}
+
 void FormWindow::tellPlace() {
-    if (form_ == nullptr || !isVisible() || isMinimized()) return;
+    if (form_ == nullptr || !isVisible() || windowState() & (Qt::WindowMinimized | kFilling)) return;
     const QScopedValueRollback telling(telling_, true);
     form_->Left = toTwips(pos().x());
     form_->Top = toTwips(pos().y());
 }
 
+void FormWindow::tellSize() {
+    if (form_ == nullptr || !prepared_ || telling_ || !isSizable() || isMinimized()) return;
+    {
+        const QScopedValueRollback telling(telling_, true);
+        form_->userResized(toTwips(width()), toTwips(height() + titleHeight()));
+    }
+    if (form_ != nullptr) followSize();
+}
+
+void FormWindow::tellState() {
+    form_->State = isMinimized()                     ? WindowState::Minimized
+                   : isMaximized() || isFullScreen() ? WindowState::Maximized
+                                                     : WindowState::Normal;
+    tellSize();
+}
+
 void FormWindow::closeEvent(QCloseEvent *event) {
     tellPlace();
-    // An unloaded form has taken the window with it by now.
-    event->setAccepted(form_ == nullptr || form_->Unload());
+    // An unloaded form has taken the window with it by now. A disabled one takes nothing from the user.
+    event->setAccepted(form_ == nullptr || (form_->Enabled && form_->Unload()));
 }
 
 void FormWindow::moveEvent(QMoveEvent *event) {
@@ -153,17 +276,58 @@ void FormWindow::moveEvent(QMoveEvent *event) {
     tellPlace();
 }
 
+void FormWindow::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    tellSize();
+}
+
 void FormWindow::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
     if (form_ == nullptr) return;
     if (event->type() == QEvent::WindowStateChange) {
-        form_->State = isMinimized()   ? WindowState::Minimized
-                       : isMaximized() ? WindowState::Maximized
-                                       : WindowState::Normal;
+        if (form_->Visible) tellState();
     } else if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        const auto restored = onRestored_; // which ends itself
+        if (!form_->Visible && restored) return restored();
         tellPlace(); // the frame around it is known now
         form_->userActivated();
     }
+}
+
+void FormWindow::keyPressEvent(QKeyEvent *event) {
+    const std::int16_t key = keyAscii(*event);
+    if (key != 0 && form_ != nullptr)
+        form_->userPressedKey(key);
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void FormWindow::mouseReleaseEvent(QMouseEvent *event) {
+    const std::int16_t button = buttonNumber(event->button());
+    if (button == 0 || form_ == nullptr) return;
+    form_->userReleasedButton(button, shiftNumber(event->modifiers()), toTwips(event->position().x()),
+                              toTwips(event->position().y() - menuHeight_));
+}
+
+// The keyboard's key for menus does what the right button does.
+void FormWindow::contextMenuEvent(QContextMenuEvent *event) {
+    if (event->reason() != QContextMenuEvent::Keyboard || form_ == nullptr) return;
+    const QPoint middle = rect().center();
+    form_->userReleasedButton(kRightButton, shiftNumber(event->modifiers()), toTwips(middle.x()),
+                              toTwips(middle.y() - menuHeight_));
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent *event) {
+    if (event->mimeData()->hasFormat(QLatin1String(kUriList))) event->acceptProposedAction();
+}
+
+void FormWindow::dropEvent(QDropEvent *event) {
+    const QByteArray list = event->mimeData()->data(QLatin1String(kUriList));
+    const std::vector<std::string> names =
+        droppedFiles({list.data(), static_cast<std::size_t>(list.size())}, QSysInfo::machineHostName().toStdString());
+    if (form_ == nullptr || names.empty()) return;
+    event->acceptProposedAction();
+    form_->userDroppedFiles(names);
 }
 
 } // namespace tonvale

@@ -17,15 +17,18 @@ namespace {
 constexpr int kSegmentCount = 20, kFirstAmber = 14, kFirstRed = 17;
 constexpr double kGap = 2; // device-independent pixels
 
-QColor colorOf(int index) {
-    return index >= kFirstRed ? theme::kRed : index >= kFirstAmber ? theme::kAmber : theme::kLit;
-}
-
 QColor unlit(const QColor &lit) { return QColor(lit.red() / 6, lit.green() / 6, lit.blue() / 6); }
 
 } // namespace
 
-GaugeWidget::GaugeWidget(QWidget *parent) : PanelPart(parent) { setAttribute(Qt::WA_OpaquePaintEvent); }
+GaugeWidget::GaugeWidget(QWidget *parent, Shows shows) : PanelPart(parent), shows_(shows) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+QColor GaugeWidget::colorOf(int index) const {
+    if (shows_ == Shows::Progress) return theme::kLit;
+    return index >= kFirstRed ? theme::kRed : index >= kFirstAmber ? theme::kAmber : theme::kLit;
+}
 
 void GaugeWidget::setPosition(int position) {
     position_ = position;

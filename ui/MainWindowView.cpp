@@ -8,15 +8,19 @@
 #include "ui/LedDigitsWidget.h"
 #include "ui/NameDisplay.h"
 #include "ui/PanelSurface.h"
+#include "ui/PictureWidget.h"
 #include "ui/ScaleWidget.h"
 #include "ui/SpinWidget.h"
 #include "ui/children.h"
 #include "ui/menus.h"
 #include "ui/text.h"
 #include "ui/theme.h"
+#include "ui/units.h"
 
 #include <QLabel>
 #include <QMenuBar>
+
+#include <algorithm>
 
 namespace tonvale {
 
@@ -29,6 +33,7 @@ constexpr int kMenuHeight = 21;
 constexpr int kPanelWidth = 500, kPanelHeight = 268;
 constexpr QRect kGlassArea(12, 8, 476, 98);
 constexpr int kPrintSize = 11;
+constexpr int kPictureFrame = 3;
 
 // Places on the glass.
 constexpr QRect kNameArea(14, 6, 416, 22), kLampArea(440, 4, 26, 26);
@@ -38,12 +43,12 @@ constexpr QRect kScaleArea(338, 46, 124, 18), kGaugeArea(338, 66, 124, 16);
 
 // Places on the panel.
 constexpr QRect kTrackerLabelArea(14, 112, 200, 14), kTrackerArea(8, 126, 484, 26);
-constexpr int kKeysLeft = 12, kLargeKeysTop = 166, kSmallKeysTop = 220;
+constexpr int kKeysLeft = 12, kLargeKeysTop = 160, kSmallKeysTop = 213;
 constexpr QSize kLargeKey(66, 46), kSmallKey(90, 34);
 constexpr int kLargePitch = 72, kSmallPitch = 96;
-constexpr QRect kVolumeLabelArea(316, 162, 88, 14), kMasterLabelArea(408, 162, 88, 14);
-constexpr QRect kVolumeArea(314, 178, 84, 34), kMasterArea(406, 178, 84, 34);
-constexpr QRect kBalanceLabelArea(316, 217, 100, 14), kBalanceArea(310, 230, 148, 26), kCentreArea(462, 231, 28, 24);
+constexpr QRect kVolumeLabelArea(316, 156, 88, 14), kMasterLabelArea(408, 156, 88, 14);
+constexpr QRect kVolumeArea(314, 172, 84, 34), kMasterArea(406, 172, 84, 34);
+constexpr QRect kBalanceLabelArea(316, 210, 100, 14), kBalanceArea(310, 223, 148, 26), kCentreArea(462, 224, 28, 24);
 
 QColor fromBgr(std::int32_t color) { return {color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF}; }
 
@@ -59,13 +64,17 @@ void MainWindowView::buildMenuBar() {
     auto &bar = makeChild<QMenuBar>(*this);
     bar.setNativeMenuBar(false); // the menu is a part of the front, and is there when it is rolled up
     bindMenuBar(bindings(), bar, model_.menuBar());
-    bar.setGeometry(0, 0, kPanelWidth, kMenuHeight);
+    bar_ = &bar;
 }
 
 void MainWindowView::buildPanel() {
-    auto &panel = makeChild<PanelSurface>(*this);
-    panel.setGeometry(0, kMenuHeight, kPanelWidth, kPanelHeight);
-    bindDragging(bindings(), panel, model_, model_);
+    auto &surface = makeChild<PanelSurface>(*this);
+    bindDragging(bindings(), surface, model_, model_);
+    surface_ = &surface;
+    buildPicture(surface);
+    auto &panel = makeChild<QWidget>(surface); // what the mouse does beside its parts is the surface's
+    panel.resize(kPanelWidth, kPanelHeight);
+    panel_ = &panel;
     auto &glass = makeChild<GlassSurface>(panel);
     glass.setObjectName(QStringLiteral("framePanel"));
     glass.setGeometry(kGlassArea);
@@ -76,6 +85,34 @@ void MainWindowView::buildPanel() {
     buildTracker(panel);
     buildVolumes(panel);
     buildBalance(panel);
+}
+
+// Below the panel, in a frame of glass.
+void MainWindowView::buildPicture(QWidget &surface) {
+    auto &well = makeChild<QWidget>(surface);
+    well_ = &well;
+    auto &glass = makeChild<GlassSurface>(well);
+    MediaPlayer &player = model_.ActiveMovie1;
+    const auto place = [&glass, &player] {
+        const QRect picture(toPixels(player.Left), toPixels(player.Top), toPixels(player.Width),
+                            toPixels(player.Height));
+        glass.setGeometry(picture.adjusted(-kPictureFrame, -kPictureFrame, kPictureFrame, kPictureFrame));
+    };
+    for (Property<double> *value : {&player.Left, &player.Top, &player.Width, &player.Height})
+        bindings().follow(*value, place);
+    bindings().follow(player.Visible, [&glass, &player] { glass.setVisible(player.Visible); });
+    makeChild<PictureWidget>(well, player);
+}
+
+// The panel keeps its size; a wide picture makes the window wider than it.
+void MainWindowView::resizeEvent(QResizeEvent *event) {
+    FormWindow::resizeEvent(event);
+    bar_->setGeometry(0, 0, width(), kMenuHeight);
+    surface_->setGeometry(0, kMenuHeight, width(), std::max(kPanelHeight, height() - kMenuHeight));
+    panel_->move((width() - kPanelWidth) / 2, 0);
+    // A window that is no higher than the panel has no room for a picture, of which a strip would be seen.
+    well_->resize(surface_->size());
+    well_->setVisible(height() - kMenuHeight > kPanelHeight);
 }
 
 QLabel &MainWindowView::addLabel(QWidget &parent, const char *name, Label &label, const QRect &place) {

@@ -7,8 +7,10 @@
 #include "ui/FormWindow.h"
 #include "ui/SliderWidget.h"
 #include "ui/TransportButton.h"
+#include "ui/TrayIcon.h"
 
 class QLabel;
+class QMenuBar;
 
 namespace tonvale {
 
@@ -19,9 +21,13 @@ class MainWindowView : public FormWindow {
 public:
     explicit MainWindowView(Form1 &form);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void buildMenuBar();
     void buildPanel();
+    void buildPicture(QWidget &surface);
     void buildDisplay(QWidget &glass);
     void buildTimes(QWidget &glass);
     void buildLevel(QWidget &glass);
@@ -41,6 +47,9 @@ private:
                    QPoint place);
 
     Form1 &model_;
+    QMenuBar *bar_ = nullptr; // children
+    QWidget *surface_ = nullptr, *well_ = nullptr, *panel_ = nullptr;
+    TrayIcon tray_{bindings(), model_.TrayX1, *this, model_.PopUpMenu2};
 };
 
 } // namespace tonvale

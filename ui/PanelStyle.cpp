@@ -8,6 +8,7 @@
 #include <QIcon>
 #include <QIconEngine>
 #include <QPainter>
+#include <QStyleOption>
 
 #include <memory>
 
@@ -34,9 +35,38 @@ public:
     [[nodiscard]] QIconEngine *clone() const override { return std::make_unique<MoreSign>().release(); }
 };
 
+void paintCheckBox(QPainter &painter, const QStyleOption &option) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(QPen(option.state.testFlag(QStyle::State_HasFocus) ? theme::kLit : theme::kDisabledSign, 1));
+    painter.setBrush(theme::kGlass);
+    painter.drawRoundedRect(box, 2.5, 2.5);
+    painter.setPen(QPen(enabled ? theme::kLit : theme::kDisabledSign, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const auto at = [&](double x, double y) {
+        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+    };
+    if (option.state.testFlag(QStyle::State_On)) {
+        const QPointF mark[] = {at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)};
+        painter.drawPolyline(mark, 3);
+    } else if (option.state.testFlag(QStyle::State_NoChange)) {
+        painter.drawLine(at(0.28, 0.5), at(0.72, 0.5));
+    }
+    painter.restore();
+}
+
 } // namespace
 
 PanelStyle::PanelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                               const QWidget *widget) const {
+    if (element == PE_IndicatorCheckBox)
+        paintCheckBox(*painter, *option);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
 
 QIcon PanelStyle::standardIcon(StandardPixmap picture, const QStyleOption *option, const QWidget *widget) const {
     if (picture == SP_ToolBarHorizontalExtensionButton) return QIcon(std::make_unique<MoreSign>().release());

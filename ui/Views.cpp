@@ -3,17 +3,47 @@
 
 #include "ui/Views.h"
 
-#include "player/Form1.h"
-#include "ui/FormWindow.h"
+#include "ui/AboutView.h"
+#include "ui/BatchWindowView.h"
+#include "ui/DisclaimerView.h"
+#include "ui/ListWindowView.h"
 #include "ui/MainWindowView.h"
+#include "ui/MediaOptionsView.h"
+#include "ui/MediaStatisticsView.h"
+#include "ui/SettingsView.h"
+#include "ui/VideoWindowView.h"
+
+#include <array>
 
 namespace tonvale {
 
 namespace {
 
-// Which window shows which form; null for one that has none yet.
+using Maker = std::unique_ptr<FormWindow> (*)(Form &form);
+
+// The view if the form is of its kind, else null.
+template <class View, class Model> std::unique_ptr<FormWindow> makeFor(Form &form) {
+    auto *model = dynamic_cast<Model *>(&form);
+    return model != nullptr ? std::make_unique<View>(*model) : nullptr;
+}
+
+// Which window shows which form.
+constexpr std::array<Maker, 9> kMakers{
+    makeFor<MainWindowView, Form1>,
+    makeFor<ListWindowView, PlaylistWindow>,
+    makeFor<BatchWindowView, BatchWindow>,
+    makeFor<VideoWindowView, frmVideoPlay>,
+    makeFor<MediaOptionsView, MediaOptionsWindow>,
+    makeFor<MediaStatisticsView, MediaStatisticsWindow>,
+    makeFor<AboutView, frmAbout>,
+    makeFor<DisclaimerView, Disclaimer>,
+    makeFor<SettingsView, Settings>,
+};
+
+// Null for a form that has no window yet.
 std::unique_ptr<FormWindow> makeWindow(Form &form) {
-    if (auto *main = dynamic_cast<Form1 *>(&form)) return std::make_unique<MainWindowView>(*main);
+    for (const Maker make : kMakers)
+        if (auto window = make(form)) return window;
     return nullptr;
 }
 

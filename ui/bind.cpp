@@ -42,6 +42,27 @@ private:
 // Hints may hold a mnemonic's "&", which a screen reader should not spell out.
 QString spoken(const std::string &hint) { return shown(hint).remove(u'&'); }
 
+// A caption as a menu reads it: on one line, a shortcut behind a tab. A name in it may hold more
+// than the one "&" that stands before the mnemonic.
+QString menuText(const std::string &caption) {
+    const QString text = shown(caption);
+    QString result;
+    bool hasMnemonic = false;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c != u'&') {
+            result += c != u'\t' && c.category() == QChar::Other_Control ? QChar(u' ') : c;
+        } else if (!hasMnemonic && i + 1 < text.size() && text[i + 1] != u'&') {
+            hasMnemonic = true;
+            result += c;
+        } else {
+            result += QLatin1String("&&");
+            if (i + 1 < text.size() && text[i + 1] == u'&') ++i;
+        }
+    }
+    return result;
+}
+
 void showValue(QAbstractSlider &widget, const RangedControl &control) {
     // What the model says need not be told back to it.
     const QSignalBlocker blocker(widget);
@@ -118,8 +139,7 @@ void bind(Bindings &bindings, QAction &action, MenuEntry &entry) {
     bindings.follow(entry.Caption, [&] {
         const bool separates = entry.Caption == "-";
         action.setSeparator(separates);
-        // Behind a tab a menu shows a shortcut.
-        action.setText(separates ? QString() : shown(entry.Caption).replace(u'\t', u' '));
+        action.setText(separates ? QString() : menuText(entry.Caption));
     });
     bindings.follow(entry.Enabled, [&] {
         const bool hasAction = entry.Click || !entry.children.empty();

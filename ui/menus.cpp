@@ -19,23 +19,23 @@ bool hasShortcut(const MenuEntry &entry) {
                                                   [](const MenuEntry *child) { return hasShortcut(*child); });
 }
 
-void fill(Bindings &bindings, QMenu &menu, const MenuEntry &entry) {
+void fill(Bindings &bindings, QMenu &menu, const MenuEntry &entry, FillMenu filling) {
     for (MenuEntry *child : entry.children) {
         if (child->children.empty()) {
             bind(bindings, *menu.addAction(QString()), *child);
         } else {
-            bindMenu(bindings, *menu.addMenu(QString()), *child);
+            bindMenu(bindings, *menu.addMenu(QString()), *child, filling);
         }
     }
 }
 
 } // namespace
 
-void bindMenu(Bindings &bindings, QMenu &menu, MenuEntry &entry) {
+void bindMenu(Bindings &bindings, QMenu &menu, MenuEntry &entry, FillMenu filling) {
     bind(bindings, *menu.menuAction(), entry);
-    if (hasShortcut(entry)) fill(bindings, menu, entry);
-    bindings.keep(QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&bindings, &menu, &entry] {
-        if (menu.isEmpty()) fill(bindings, menu, entry);
+    if (filling == FillMenu::AtOnce || hasShortcut(entry)) fill(bindings, menu, entry, filling);
+    bindings.keep(QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&bindings, &menu, &entry, filling] {
+        if (menu.isEmpty()) fill(bindings, menu, entry, filling);
         entry.Click();
     }));
 }

@@ -12,9 +12,11 @@ class QMenuBar;
 
 namespace tonvale {
 
-// Shows a tree of entries in a menu. The menu is filled as it opens for the first time, unless an
-// entry below it has a shortcut, which must work before that.
-void bindMenu(Bindings &bindings, QMenu &menu, MenuEntry &entry);
+enum class FillMenu { WhenOpened, AtOnce };
+
+// Shows a tree of entries in a menu. Unless it is to be filled at once, the menu is filled as it
+// opens for the first time, or where an entry below it has a shortcut, which must work before that.
+void bindMenu(Bindings &bindings, QMenu &menu, MenuEntry &entry, FillMenu filling = FillMenu::WhenOpened);
 
 void bindMenuBar(Bindings &bindings, QMenuBar &bar, const std::vector<MenuEntry *> &entries);
 

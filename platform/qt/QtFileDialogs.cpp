@@ -19,8 +19,7 @@ namespace tonvale {
 
 namespace {
 
-constexpr std::int32_t kChosen = 1, kCancelled = 0, kFailed = -1;
-constexpr std::int32_t kBufferTooSmall = 0x3003;
+constexpr std::int32_t kChosen = 1, kCancelled = 0;
 
 QString decoded(const std::string &bytes) { return QFile::decodeName(QByteArray::fromStdString(bytes)); }
 
@@ -72,7 +71,8 @@ bool mayReplace(const std::string &file) {
 // question. Returns whether the answer stands.
 bool addExtension(const OpenFileName &dialog, std::string &file) {
     if (dialog.defaultExtension.empty() || std::filesystem::path(file).has_extension()) return true;
-    file += "." + dialog.defaultExtension;
+    if (!dialog.defaultExtension.starts_with('.')) file += '.';
+    file += dialog.defaultExtension;
     return !has(dialog, kDialogOverwritePrompt) || !exists(file) || mayReplace(file);
 }
 
@@ -81,19 +81,13 @@ bool addExtension(const OpenFileName &dialog, std::string &file) {
 std::int32_t QtFileDialogs::answer(OpenFileName &dialog, const QFileDialog &window,
                                    const std::vector<std::string> &files) {
     const bool several = files.size() > 1;
-    std::string text = several ? joinedSelection(files) : files.front();
-    if (several && text.size() >= dialog.capacity) {
-        extendedError_ = kBufferTooSmall;
-        return kFailed;
-    }
-    dialog.file = std::move(text);
+    dialog.file = several ? joinedSelection(files) : files.front();
     dialog.fileTitle = several ? std::string() : std::filesystem::path(files.front()).filename().string();
     dialog.filterIndex = filterIndex(window, dialog.filterIndex);
     return kChosen;
 }
 
 std::int32_t QtFileDialogs::getOpenFileName(OpenFileName &dialog) {
-    extendedError_ = 0;
     QFileDialog window;
     window.setAcceptMode(QFileDialog::AcceptOpen);
     window.setFileMode(has(dialog, kDialogAllowMultiselect) ? QFileDialog::ExistingFiles
@@ -108,7 +102,6 @@ std::int32_t QtFileDialogs::getOpenFileName(OpenFileName &dialog) {
 }
 
 std::int32_t QtFileDialogs::getSaveFileName(OpenFileName &dialog) {
-    extendedError_ = 0;
     QFileDialog window;
     window.setAcceptMode(QFileDialog::AcceptSave);
     window.setFileMode(QFileDialog::AnyFile);

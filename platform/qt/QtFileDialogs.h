@@ -17,13 +17,11 @@ class QtFileDialogs : public FileDialogs {
 public:
     std::int32_t getOpenFileName(OpenFileName &dialog) override;
     std::int32_t getSaveFileName(OpenFileName &dialog) override;
-    std::int32_t extendedError() override { return extendedError_; }
+    std::int32_t extendedError() override { return 0; } // a dialog of the toolkit does not fail
     std::optional<std::string> browseForFolder(const std::string &title) override;
 
 private:
-    std::int32_t answer(OpenFileName &dialog, const QFileDialog &window, const std::vector<std::string> &files);
-
-    std::int32_t extendedError_ = 0;
+    static std::int32_t answer(OpenFileName &dialog, const QFileDialog &window, const std::vector<std::string> &files);
 };
 
 } // namespace tonvale

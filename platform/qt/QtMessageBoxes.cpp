@@ -30,18 +30,32 @@ QString shownText(const std::string &text) {
     return QString::fromStdString(displayText(text)).replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
 }
 
+void setButtons(QMessageBox &window, BoxButtons buttons) {
+    if (buttons == BoxButtons::Ok) {
+        window.setStandardButtons(QMessageBox::Ok);
+        return;
+    }
+    const bool canCancel = buttons == BoxButtons::YesNoCancel;
+    window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    if (canCancel) window.addButton(QMessageBox::Cancel);
+    window.setDefaultButton(buttons == BoxButtons::YesNoButNoPreferred ? QMessageBox::No : QMessageBox::Yes);
+    window.setEscapeButton(canCancel ? QMessageBox::Cancel : QMessageBox::No);
+}
+
+BoxResult resultOf(int button) {
+    switch (button) {
+    case QMessageBox::Yes: return BoxResult::Yes;
+    case QMessageBox::Cancel: return BoxResult::Cancel;
+    default: return BoxResult::No;
+    }
+}
+
 void fill(QMessageBox &window, const MessageBox &box) {
     window.setWindowTitle(shownText(box.title.empty() ? kDefaultTitle : box.title));
     window.setIcon(iconOf(box.icon));
     window.setTextFormat(Qt::PlainText);
     window.setText(shownText(box.text));
-    if (box.buttons == BoxButtons::Ok) {
-        window.setStandardButtons(QMessageBox::Ok);
-    } else {
-        window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-        window.setDefaultButton(QMessageBox::Yes);
-        window.setEscapeButton(QMessageBox::No);
-    }
+    setButtons(window, box.buttons);
     if (box.place == BoxPlace::SystemModal) window.setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
@@ -57,8 +71,7 @@ BoxResult QtMessageBoxes::show(const MessageBox &box) {
             window.activateWindow();
         });
     const int answer = window.exec();
-    if (box.buttons == BoxButtons::Ok) return BoxResult::Ok;
-    return answer == QMessageBox::Yes ? BoxResult::Yes : BoxResult::No;
+    return box.buttons == BoxButtons::Ok ? BoxResult::Ok : resultOf(answer);
 }
 
 } // namespace tonvale

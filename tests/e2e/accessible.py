@@ -107,6 +107,10 @@ class Node:
         if not self.call("org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))[0]:
             raise AssertionError(f"{self.role} {self.name!r} has no action")
 
+    def start_press(self):
+        """The same without waiting: a click may bring up a box, and is over when that is answered."""
+        return Pending(self, "org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))
+
     def centre(self):
         """Its middle on the screen, in pixels."""
         x, y, width, height = self.call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
@@ -134,3 +138,21 @@ class Node:
             return lines
         except Gone:
             return []
+
+
+class Pending:
+    """A call whose answer may take its time."""
+
+    def __init__(self, node, interface, method, arguments):
+        self._has_come = False
+        node.bus.call(node.service, node.path, interface, method, arguments, None, Gio.DBusCallFlags.NONE, -1, None,
+                      self._come)
+
+    def _come(self, bus, result):
+        bus.call_finish(result)
+        self._has_come = True
+
+    def has_come(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self._has_come

@@ -10,6 +10,7 @@ import signal
 import sqlite3
 import struct
 import sys
+import time
 import unittest
 import wave
 
@@ -112,13 +113,10 @@ class Player:
         """Whether an entry of the main menu has this caption."""
         if menu not in self._unfolded:
             # A menu is filled when it is opened for the first time, and follows from then on.
-            self._open(menu)
+            self.open_menu(menu)
             self.session.key("Escape")
             self._unfolded.add(menu)
         return any(item.find_all("menu item", entry) for item in self.find_all("menu item", menu))
-
-    def _entry(self, menu, entry):
-        return wait_for(lambda: self.find("menu item", menu).find_all("menu item", entry), f"{menu} > {entry}")[0]
 
     def is_idle(self):
         return self.has_entry("File", "Load and Play File")
@@ -132,16 +130,49 @@ class Player:
 
     # ---- what its user does ----
 
-    def _open(self, menu):
+    def open_menu(self, *path):
+        """Opens a menu of the menu bar, and those below it, with the mouse."""
         self.focus()
-        self.session.click(*self.find("menu item", menu).centre())
-        wait_for(lambda: any(item.is_showing() for popup in self.find("menu item", menu).children()
-                             for item in popup.children()), f"the open menu {menu}")
+        entry = self.find("menu item", path[0])
+        for name in path[1:]:
+            self._unfold(entry)
+            entry = self._below(entry, name)
+        self._unfold(entry)
+        return entry
 
-    def choose(self, menu, entry):
+    def _unfold(self, entry):
+        def is_open():
+            return any(item.is_showing() for popup in entry.children() for item in popup.children())
+
+        def opens():
+            # Right after a window has come up, where it lies is not told rightly yet.
+            self.session.click(*entry.centre())
+            deadline = time.monotonic() + 2
+            while not is_open() and time.monotonic() < deadline:
+                time.sleep(0.05)
+            return is_open()
+
+        wait_for(opens, f"the open menu {entry.name}")
+
+    def _below(self, menu, name):
+        def found():
+            return [item for item in menu.find_all("menu item", name) if item.path != menu.path]
+        return wait_for(found, f"{menu.name} > {name}")[0]
+
+    def choose(self, *path):
         """Chooses an entry of the main menu with the mouse."""
-        self._open(menu)
-        self.session.click(*self._entry(menu, entry).centre())
+        self.session.click(*self._below(self.open_menu(*path[:-1]), path[-1]).centre())
+
+    def pop_up_menu(self, x, y):
+        """Brings up the menu of what lies at a place of the screen. It has the keyboard then."""
+        self.session.click(x, y, button=3)
+        wait_for(self.pop_ups, "a menu where the pointer is")
+
+    def pop_ups(self):
+        """Windows of ours that the window manager does not know: the menus that are open."""
+        managed = self.session.window_ids()
+        visible = self.session.output("xdotool", "search", "--onlyvisible", "--pid", str(self.pid)).split()
+        return [window for window in visible if int(window) not in managed]
 
     def push(self, button):
         self.find("push button", button).press()
@@ -149,6 +180,14 @@ class Player:
     def focus(self):
         self.session.output("xdotool", "search", "--onlyvisible", "--pid", str(self.pid), "--name", TITLE,
                             "windowactivate", "--sync")
+
+    def restore(self):
+        """Brings the main window back from the list of tasks."""
+        self.session.output("xdotool", "search", "--pid", str(self.pid), "--name", f"^{TITLE}$", "windowactivate")
+
+    def is_on_screen(self):
+        return bool(self.session.output("xdotool", "search", "--onlyvisible", "--pid", str(self.pid), "--name",
+                                        f"^{TITLE}$"))
 
     # ---- how it goes ----
 

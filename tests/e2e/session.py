@@ -151,20 +151,26 @@ class Session:
     def screenshot(self, path):
         self.output("import", "-display", self.env["DISPLAY"], "-window", "root", str(path))
 
+    def window_ids(self):
+        """The windows in the window manager's list."""
+        ids = re.findall(r"0x[0-9a-f]+", self.output("xprop", "-root", "_NET_CLIENT_LIST"))
+        return [int(window, 16) for window in ids]
+
     def windows(self):
         """Titles of the windows on screen, in the window manager's list."""
-        ids = re.findall(r"0x[0-9a-f]+", self.output("xprop", "-root", "_NET_CLIENT_LIST"))
         titles = []
-        for window in ids:
-            match = re.search(r'_NET_WM_NAME\(UTF8_STRING\) = "(.*)"', self.output("xprop", "-id", window, "_NET_WM_NAME"))
+        for window in self.window_ids():
+            properties = self.output("xprop", "-id", str(window), "_NET_WM_NAME")
+            match = re.search(r'_NET_WM_NAME\(UTF8_STRING\) = "(.*)"', properties)
             titles.append(match[1] if match else "")
         return titles
 
     def key(self, *keys):
         self.output("xdotool", "key", "--clearmodifiers", *keys)
 
-    def click(self, x, y):
-        self.output("xdotool", "mousemove", "--sync", str(x), str(y), "click", "1")
+    def click(self, x, y, button=1):
+        # Without --sync, which waits 15 s for a pointer that is there already.
+        self.output("xdotool", "mousemove", str(x), str(y), "click", str(button))
 
     def streams(self, pid=None):
         """What plays on the sound server, all or that of one process."""

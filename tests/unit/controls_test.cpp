@@ -130,7 +130,7 @@ TEST(ListBox, AnnouncesEachChangeBeforeAndAfterIt) {
     };
     const Connection a = list.rowsAboutToBeInserted.connect(note("in?")), b = list.rowsInserted.connect(note("in"));
     const Connection c = list.rowsAboutToBeRemoved.connect(note("out?")), d = list.rowsRemoved.connect(note("out"));
-    const Connection e = list.rowsChanged.connect(note("change"));
+    const Connection e = list.rowsChanged.connect(note("change")), f = list.selectionChanged.connect(note("select"));
     list.AddItems({"a", "b", "c"});
     list.AddItems({});
     list.RemoveItem(1);
@@ -140,7 +140,7 @@ TEST(ListBox, AnnouncesEachChangeBeforeAndAfterIt) {
     list.Clear();
     list.Clear();
     EXPECT_EQ(seen, (std::vector<std::string>{"in? 0+3 of 0", "in 0+3 of 3", "out? 1+1 of 3", "out 1+1 of 2",
-                                              "change 0+1 of 2", "change 1+1 of 2", "out? 0+2 of 2", "out 0+2 of 0"}));
+                                              "change 0+1 of 2", "select 1+1 of 2", "out? 0+2 of 2", "out 0+2 of 0"}));
 }
 
 TEST(ListBox, TheSelectionStaysWithItsRow) {

@@ -108,7 +108,7 @@ TEST_F(CommandLine, VivoFilesOfBothNamesGoToTheVivoViewer) {
 }
 
 TEST_F(CommandLine, APlaylistAsksForItsKindAndFillsTheAudioList) {
-    world.files.addText("/music/a.PLY", "/m/1.mp3\r\n\r\n/m/2.mp3\n  \n/m/3.mp3");
+    world.files.addText("/music/a.PLY", "/m/1.mp3\r\n\r\n/m/2.mp3\r  \r/m/3.mp3");
     world.boxes.answers = {BoxResult::Yes};
     start("/music/a.PLY");
     expectBox(kPlaylistQuestion, BoxIcon::Information, BoxPlace::Foreground, BoxButtons::YesNo);

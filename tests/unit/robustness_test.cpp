@@ -62,23 +62,31 @@ TEST_F(ClosedFromOutside, WhileTheQuestionForARenameIsUp) {
 
 TEST_F(ClosedFromOutside, WhileTheQuestionForAPlaylistIsUp) {
     world.files.addText("/m/a.ply", "/m/1.mp3\r\n");
-    closeWhileABoxIsUp();
-    std::string command = "/m/a.ply";
-    std::int16_t cancel = 0;
-    form().Form_LinkExecute(command, cancel);
-    world.app().frmVivoPlayList.Unload();
-    world.app().frmPlayList.Unload();
-    expectTheEnd();
+    for (const BoxResult answer : {BoxResult::Yes, BoxResult::No}) {
+        start();
+        world.boxes.answers = {answer};
+        closeWhileABoxIsUp();
+        std::string command = "/m/a.ply";
+        std::int16_t cancel = 0;
+        form().Form_LinkExecute(command, cancel);
+        expectTheEnd();
+        EXPECT_TRUE(world.app().forms.loaded().empty()) << "a list would bring the main window back";
+    }
 }
 
 TEST_F(ClosedFromOutside, WhileTheOpenDialogIsUp) {
-    answerDialog("/m/a.mp3");
-    world.dialogs.whileUp = [this] {
-        world.dialogs.whileUp = nullptr;
-        form().Unload();
-    };
-    form().playmenu.Click();
-    expectTheEnd();
+    for (const char *path : {"/m/a.mp3", "/v/a.viv", "/cd/Track01.cda", "/r/a.ram"}) {
+        start();
+        answerDialog(path);
+        world.dialogs.whileUp = [this] {
+            world.dialogs.whileUp = nullptr;
+            form().Unload();
+        };
+        form().playmenu.Click();
+        expectTheEnd();
+        EXPECT_TRUE(world.app().forms.loaded().empty()) << path;
+        EXPECT_TRUE(world.boxes.shown.empty()) << path;
+    }
 }
 
 TEST_F(ClosedFromOutside, WhileTheBoxOfADiscThatIsNotReadyIsUp) {
@@ -91,8 +99,105 @@ TEST_F(ClosedFromOutside, WhileTheBoxOfADiscThatIsNotReadyIsUp) {
     expectTheEnd();
 }
 
+TEST_F(ClosedFromOutside, WhileTheQuestionBeforeADeletionIsUp) {
+    executeFromDesktop("/m/a.mp3");
+    world.boxes.answers = {BoxResult::Yes};
+    closeWhileABoxIsUp();
+    form().DeleteMenu.Click();
+    expectTheEnd();
+    EXPECT_FALSE(world.files.fileExists("/m/a.mp3")) << "it was answered with Yes";
+}
+
+TEST_F(ClosedFromOutside, WhileTheNoticeAboutTheTrayIsUp) {
+    closeWhileABoxIsUp();
+    form().visitmemenu.Click();
+    expectTheEnd();
+    EXPECT_TRUE(world.shell.calls.empty());
+    EXPECT_TRUE(world.app().forms.loaded().empty());
+}
+
+TEST_F(ClosedFromOutside, WhileTheMissingHelpIsTold) {
+    closeWhileABoxIsUp();
+    form().infomenu.Click();
+    expectTheEnd();
+}
+
+TEST_F(ClosedFromOutside, WhileTheQuestionBeforeTheDiscDatabaseIsUp) {
+    Application &app = world.app();
+    app.frmCDDBMain.setFactory([&app] { return std::make_unique<Form>(app.forms, "frmCDDBMain"); });
+    world.boxes.answers = {BoxResult::Yes};
+    closeWhileABoxIsUp();
+    form().CDDBMenu.Click();
+    expectTheEnd();
+    EXPECT_FALSE(app.frmCDDBMain.isLoaded());
+}
+
+TEST_F(ClosedFromOutside, WhileTheClearedListIsTold) {
+    closeWhileABoxIsUp();
+    form().ClearMRUMenu.Click();
+    expectTheEnd();
+}
+
 // What files, discs and the store may hold.
 class Hostile : public PlayerTest {};
+
+TEST_F(Hostile, RecentFilesThatNobodyWrote) {
+    constexpr const char *kList = "SOFTWARE\\Orvane Tonvale\\MRU\\MRU Entries";
+    const Texts texts{std::string(1 << 20, 'x'),
+                      std::string("/m/a\0b.mp3", 10),
+                      "line\r\nbreak\t&&amp & ampersand.avi",
+                      "\xFF\xFE\x80.mp3",
+                      "-",
+                      "..",
+                      "/",
+                      "&1. &2. nested",
+                      std::string(300, '/') + ".cda",
+                      "/cd/track99999999999999999999.cda",
+                      ".viv"};
+    world.cd.ready = [] { return false; };
+    for (const std::string &text : texts) {
+        for (const char *position : {"1", "3"}) {
+            world.registry.setText(RootKey::LocalMachine, kList, std::string("MRU") + position, text);
+            world.registry.setText(RootKey::LocalMachine, kList, std::string("MRUTag") + position, text);
+        }
+        world.registry.set(RootKey::LocalMachine, kList, "MRU2", {ValueType::Binary, text});
+        world.registry.set(RootKey::LocalMachine, kList, "MRU4", {ValueType::Dword, text});
+        world.media.broken = {text, text.substr(0, text.find('\0'))};
+        start();
+        EXPECT_TRUE(form().Visible);
+        ASSERT_TRUE(form().mnuFileMRU[1].Visible);
+        EXPECT_TRUE(form().mnuFileMRU[2].Visible);
+        EXPECT_FALSE(form().mnuFileMRU[3].Visible);
+        const std::string shown = form().mnuFileMRU[1].Caption;
+        EXPECT_EQ(shown, "&1. " + text.substr(0, text.find('\0')));
+        clickRecent(1);
+        EXPECT_EQ(form().Text1.Text, shown.substr(4));
+        EXPECT_EQ(form().mnuFileMRU[1].Caption, shown);
+        click(form().FileMenu.Click);
+        click(form().ClearMRUMenu.Click);
+        EXPECT_TRUE(recentFiles().empty());
+        form().Unload();
+        world.runUntilIdle();
+    }
+}
+
+TEST_F(Hostile, WindowPlacesThatNobodyWrote) {
+    world.setSetting("Position", "1");
+    for (const std::string &text :
+         {std::string("L=-2147483648;T=2147483647;W=-5;H=-2147483648;S=0;"), std::string("S=7;S=1;"),
+          std::string("L=1e300;T=&HFFFFFFFF;W=;H=;S="), std::string("L=nan;T=inf;W=0x10;H=--3;S=-1;"),
+          std::string(1 << 20, 'L'), std::string("L=10\0;T=20;", 12), std::string("=;=;=;"),
+          std::string("S=99999999999;")}) {
+        world.registry.setText(RootKey::LocalMachine, "SOFTWARE\\FMS\\Test CFormPos\\Form Positions", "Form1", text);
+        start();
+        EXPECT_TRUE(form().Visible) << text.substr(0, 40);
+        EXPECT_EQ(form().Width, form().OriginalWidth);
+        EXPECT_EQ(form().Height, form().OriginalHeight);
+        EXPECT_FALSE(world.app().MainLoadInProgress);
+        form().Unload();
+        world.runUntilIdle();
+    }
+}
 
 TEST_F(Hostile, LengthsAndPositionsThatAreNoSeconds) {
     start();

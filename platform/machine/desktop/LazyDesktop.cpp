@@ -3,13 +3,22 @@
 
 #include "platform/machine/desktop/LazyDesktop.h"
 
+#include "controls/Text.h"
 #include "platform/machine/base/Module.h"
+
+#include <string_view>
 
 namespace tonvale {
 
 namespace {
 
 constexpr std::int32_t kNoAssociation = 31;
+constexpr std::string_view kBatchConverter = "kzr";
+
+bool isBatchConverter(const std::string &file) {
+    const std::string name = lowerCase(file.substr(file.find_last_of('/') + 1));
+    return name.substr(0, name.rfind('.')) == kBatchConverter;
+}
 
 } // namespace
 
@@ -26,7 +35,15 @@ Shell::Launch LazyDesktop::LazyShell::execute(const std::string &verb, const std
                                               const std::string &parameters, const std::string &directory,
                                               std::int32_t showCommand) {
     Shell *shell = desktop_.module().shell.get();
-    return shell != nullptr ? shell->execute(verb, file, parameters, directory, showCommand) : Launch{kNoAssociation};
+    if (shell == nullptr) return {kNoAssociation};
+    const Launch launch = shell->execute(verb, file, parameters, directory, showCommand);
+    if (launch.process != 0 && isBatchConverter(file)) desktop_.batchConverters_.push_back(launch.process);
+    return launch;
+}
+
+std::vector<std::uint64_t> LazyDesktop::batchConverters() {
+    std::erase_if(batchConverters_, [this](std::uint64_t process) { return !shell_.isRunning(process); });
+    return batchConverters_;
 }
 
 bool LazyDesktop::LazyShell::isRunning(std::uint64_t process) {

@@ -6,7 +6,10 @@
 #include "platform/machine/desktop/DesktopModule.h"
 #include "platform/machine/desktop/RecentDocumentsQueue.h"
 
+#include <cstdint>
 #include <mutex>
+#include <string>
+#include <vector>
 
 namespace tonvale {
 
@@ -18,6 +21,8 @@ public:
 
     [[nodiscard]] Shell &shell() { return shell_; }
     [[nodiscard]] RecentDocuments &recentDocuments() { return recentDocuments_; }
+    // The processes of the batch converter that have been started here and still run.
+    [[nodiscard]] std::vector<std::uint64_t> batchConverters();
 
 private:
     class LazyShell : public Shell {
@@ -38,6 +43,7 @@ private:
     std::once_flag loaded_;
     DesktopModule module_; // set once
     LazyShell shell_{*this};
+    std::vector<std::uint64_t> batchConverters_;
     // Last, so that its waiting work is done while the rest is still there.
     RecentDocumentsQueue recentDocuments_{[this] { return module().recentDocuments.get(); }};
 };

@@ -4,22 +4,16 @@
 #include "platform/machine/files/FoldedNames.h"
 
 #include "controls/Text.h"
+#include "platform/machine/files/Directory.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
-#include <memory>
 #include <optional>
 #include <string_view>
 
 namespace tonvale {
 
 namespace {
-
-struct CloseDirectory {
-    void operator()(DIR *directory) const { (void)::closedir(directory); }
-};
-using Directory = std::unique_ptr<DIR, CloseDirectory>;
 
 bool exists(const std::string &path) {
     struct stat status {};

@@ -5,6 +5,8 @@
 
 #include "platform/machine/base/Directories.h"
 #include "platform/machine/base/SystemErrors.h"
+#include "platform/machine/files/DirectoryFiles.h"
+#include "platform/machine/files/FileReplacement.h"
 #include "platform/machine/files/FoldedNames.h"
 #include "platform/machine/files/PosixLineReader.h"
 
@@ -57,9 +59,14 @@ int renameWithoutReplacing(const std::string &from, const std::string &to) {
     return errno;
 }
 
-void requireRegular(int file) {
-    struct stat status {};
-    if (::fstat(file, &status) != 0) throw systemError(errno);
+// A new name is taken to the letter; the directory that it goes to is found like any other.
+std::string newName(const std::string &path) {
+    requireName(path);
+    const std::size_t separator = path.rfind('/');
+    return separator == std::string::npos ? path : findFolded(path.substr(0, separator)) + path.substr(separator);
+}
+
+void requireRegular(const struct stat &status) {
     if (!S_ISREG(status.st_mode)) throw RuntimeError(ErrorNumber::PathFileAccessError);
 }
 
@@ -73,6 +80,18 @@ bool PosixFileService::fileExists(const std::string &path) {
            !S_ISDIR(status.st_mode);
 }
 
+bool PosixFileService::pathExists(const std::string &path) {
+    struct stat status {};
+    return path.find('\0') == std::string::npos && ::stat(findFolded(path).c_str(), &status) == 0;
+}
+
+std::vector<std::string> PosixFileService::filesIn(const std::string &directory) {
+    const std::string name = existingName(directory);
+    std::vector<std::string> names;
+    if (const int error = listFiles(name, names)) throw errorAt(name, error);
+    return names;
+}
+
 std::int64_t PosixFileService::fileLength(const std::string &path) {
     const std::string name = existingName(path);
     struct stat status {};
@@ -82,14 +101,10 @@ std::int64_t PosixFileService::fileLength(const std::string &path) {
 }
 
 void PosixFileService::rename(const std::string &from, const std::string &to) {
-    requireName(to);
+    const std::string target = newName(to);
     const std::string name = existingName(from);
     struct stat status {};
     if (::lstat(name.c_str(), &status) != 0) throw errorAt(name, errno);
-    // The new name is taken to the letter; the directory that it goes to is found like any other.
-    const std::size_t separator = to.rfind('/');
-    const std::string target =
-        separator == std::string::npos ? to : findFolded(to.substr(0, separator)) + to.substr(separator);
     if (const int error = renameWithoutReplacing(name, target)) throw errorAt(target, error);
 }
 
@@ -107,11 +122,22 @@ void PosixFileService::clearAttributes(const std::string &path) {
 
 std::unique_ptr<LineReader> PosixFileService::openLines(const std::string &path) {
     const std::string name = existingName(path);
-    // Not blocking: opening a pipe that nobody writes to must not hang.
+    struct stat status {};
+    // Looked at before: a device, or whoever writes to a pipe, would notice that it is opened.
+    if (::stat(name.c_str(), &status) != 0) throw errorAt(name, errno);
+    requireRegular(status);
+    // Not blocking: by now the name may be that of a pipe, and this must not hang.
     UniqueFd file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file) throw errorAt(name, errno == ENXIO ? EISDIR : errno);
-    requireRegular(file.get());
+    if (!file) throw errorAt(name, errno);
+    if (::fstat(file.get(), &status) != 0) throw systemError(errno);
+    requireRegular(status);
     return std::make_unique<PosixLineReader>(std::move(file));
+}
+
+void PosixFileService::replaceFile(const std::string &path, const std::string &content) {
+    const std::string found = existingName(path);
+    const std::string name = found == path ? newName(path) : found;
+    if (const int error = replaceFileContent(name, content)) throw errorAt(name, error);
 }
 
 std::string PosixFileService::currentDirectory() {

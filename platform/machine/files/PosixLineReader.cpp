@@ -14,7 +14,10 @@ namespace {
 
 constexpr std::size_t kBlockSize = 64 * 1024;
 
-bool endsLine(char c) { return c == '\r' || c == '\n'; }
+// What the lines of one file may take, each counted with what it costs to keep. A list of a
+// million files fits in; a file that never was a list ends here and not with the memory.
+constexpr std::size_t kMostText = 256 * 1024 * 1024;
+constexpr std::size_t kCostOfLine = 64;
 
 } // namespace
 
@@ -22,13 +25,15 @@ std::optional<std::string> PosixLineReader::next() {
     if (!fill()) return std::nullopt;
     std::string line;
     do {
-        const auto end = std::find_if(block_.begin() + static_cast<std::ptrdiff_t>(position_), block_.end(), endsLine);
+        const auto end = std::find(block_.begin() + static_cast<std::ptrdiff_t>(position_), block_.end(), '\r');
         take(static_cast<std::size_t>(end - block_.begin()), line);
         if (end != block_.end()) {
             skipLineEnd();
             break;
         }
     } while (fill());
+    taken_ += line.size() + kCostOfLine;
+    if (taken_ > kMostText) throw RuntimeError(ErrorNumber::PathFileAccessError, "The file is too long for a list");
     return line;
 }
 
@@ -55,8 +60,8 @@ void PosixLineReader::take(std::size_t end, std::string &line) {
 }
 
 void PosixLineReader::skipLineEnd() {
-    const bool carriageReturn = block_[position_++] == '\r';
-    if (carriageReturn && fill() && block_[position_] == '\n') ++position_;
+    ++position_;
+    if (fill() && block_[position_] == '\n') ++position_;
 }
 
 } // namespace tonvale

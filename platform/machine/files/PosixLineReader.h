@@ -27,6 +27,7 @@ private:
     UniqueFd file_;
     std::vector<char> block_;
     std::size_t position_ = 0;
+    std::size_t taken_ = 0;
 };
 
 } // namespace tonvale

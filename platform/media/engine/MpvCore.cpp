@@ -20,7 +20,12 @@ namespace tonvale {
 
 namespace {
 
+using Steady = std::chrono::steady_clock;
+
 constexpr std::chrono::milliseconds kEndPatience{250};
+constexpr std::uint64_t kOutputRequest = ~std::uint64_t{0};
+
+const char *nameOf(PictureOutput output) { return output == PictureOutput::Window ? "libmpv" : "null"; }
 
 // The library refuses to work where numbers are not written in the "C" way.
 void requirePlainNumbers() {
@@ -62,14 +67,19 @@ MpvCore::MpvCore(EventLoop &loop, const std::string &outputs, std::function<void
     if (!shelf_->attachTo(handle_.get())) throwError(MPV_ERROR_NOMEM);
     mpv_set_wakeup_callback(
         handle_.get(), [](void *bell) { static_cast<Doorbell *>(bell)->ring(); }, doorbell_.get());
+    check(mpv_hook_add(handle_.get(), 0, "on_preloaded", 0));
+}
+
+// After this the decoder calls nothing of ours but the sources, which the shelf and the decoder keep
+// alive.
+void MpvCore::silence() {
+    doorbell_->drain = nullptr;
+    mpv_set_wakeup_callback(handle_.get(), nullptr, nullptr);
 }
 
 MpvCore::~MpvCore() {
-    doorbell_->drain = nullptr;
     if (!handle_) return;
-    // After this the decoder calls nothing of ours but the sources, which the shelf and the decoder
-    // keep alive.
-    mpv_set_wakeup_callback(handle_.get(), nullptr, nullptr);
+    silence();
     try {
         std::packaged_task<void()> end([handle = std::move(handle_), shelf = shelf_]() mutable { handle.reset(); });
         const std::future<void> ended = end.get_future();
@@ -118,5 +128,39 @@ void MpvCore::observe(std::uint64_t id, const char *property, mpv_format format)
 }
 
 void MpvCore::unobserve(std::uint64_t id) { check(mpv_unobserve_property(handle_.get(), id)); }
+
+MpvNode MpvCore::read(const char *property) {
+    MpvNode value;
+    if (mpv_get_property(handle_.get(), property, MPV_FORMAT_NODE, value.put()) < 0) return {};
+    return value;
+}
+
+void MpvCore::setNow(const char *property, const char *value) {
+    static_cast<void>(mpv_set_property_string(handle_.get(), property, value));
+}
+
+// A decoder that does not wait any more goes on anyway.
+void MpvCore::goOn(const mpv_event_hook &hook) { static_cast<void>(mpv_hook_continue(handle_.get(), hook.id)); }
+
+void MpvCore::setPictureOutput(PictureOutput output) { setText("vo", nameOf(output)); }
+
+bool MpvCore::setPictureOutputNow(PictureOutput output, const std::function<void()> &meanwhile) {
+    constexpr double kSlice = 0.01;
+    const char *name = nameOf(output);
+    check(mpv_set_property_async(handle_.get(), kOutputRequest, "vo", MPV_FORMAT_STRING, &name));
+    for (const auto end = Steady::now() + kEndPatience; Steady::now() < end; meanwhile()) {
+        const mpv_event &event = wait(kSlice);
+        if (event.event_id == MPV_EVENT_SET_PROPERTY_REPLY && event.reply_userdata == kOutputRequest) return true;
+    }
+    return false;
+}
+
+// It may read from the shelf for as long as the program runs, so a thread keeps that.
+void MpvCore::abandon() {
+    silence();
+    std::thread([handle = handle_.release(), shelf = shelf_] {
+        while (mpv_wait_event(handle, -1)->event_id != MPV_EVENT_SHUTDOWN) continue;
+    }).detach();
+}
 
 } // namespace tonvale

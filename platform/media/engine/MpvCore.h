@@ -4,6 +4,7 @@
 #pragma once
 
 #include "controls/Loop.h"
+#include "platform/media/engine/MpvNode.h"
 #include "platform/media/engine/SourceShelf.h"
 
 #include <mpv/client.h>
@@ -17,8 +18,12 @@
 
 namespace tonvale {
 
-// Owns the handle of the decoder. Nothing here waits for the decoder's own thread: requests are
-// sent, answers come as events that carry the request's id. For the user-interface thread alone.
+// Where films show their picture.
+enum class PictureOutput { None, Window };
+
+// Owns the handle of the decoder. Nothing here waits for the decoder's own thread, but where it is
+// said: requests are sent, answers come as events that carry the request's id. For the user-interface
+// thread alone.
 class MpvCore {
 public:
     // `drain` is called from the loop when events wait. Throws RuntimeError.
@@ -42,6 +47,20 @@ public:
     void observe(std::uint64_t id, const char *property, mpv_format format);
     void unobserve(std::uint64_t id);
 
+    // Between the finding of a file's tracks and the choice among them the decoder waits, with an
+    // event of its own. Meanwhile it answers these at once; what it refuses is left as it is.
+    [[nodiscard]] MpvNode read(const char *property);
+    void setNow(const char *property, const char *value);
+    void goOn(const mpv_event_hook &hook);
+
+    [[nodiscard]] mpv_handle *handle() const { return handle_.get(); }
+    void setPictureOutput(PictureOutput output);
+    // Waits until it is so, for a short while, and does what is to be done `meanwhile` again and
+    // again. False: the decoder hangs.
+    [[nodiscard]] bool setPictureOutputNow(PictureOutput output, const std::function<void()> &meanwhile);
+    // Leaves the decoder to itself for good. Nothing may be asked of it any more.
+    void abandon();
+
 private:
     struct HandleDeleter {
         void operator()(mpv_handle *handle) const { mpv_terminate_destroy(handle); }
@@ -60,6 +79,7 @@ private:
     };
 
     void check(int result) const;
+    void silence();
 
     std::shared_ptr<Doorbell> doorbell_;
     std::shared_ptr<SourceShelf> shelf_ = std::make_shared<SourceShelf>();

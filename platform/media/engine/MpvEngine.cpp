@@ -22,6 +22,8 @@ constexpr const char *kBalanceLabel = "balance";
 MpvEngine::MpvEngine(EventLoop &loop, Callbacks callbacks, Options options)
     : loop_(loop), callbacks_(std::move(callbacks)), options_(std::move(options)) {}
 
+MpvEngine::~MpvEngine() { dropCore(); }
+
 void MpvEngine::close() {
     if (loading_ == Loading::Idle) return;
     forget();

@@ -7,12 +7,14 @@
 #include "controls/MediaPlayer.h"
 #include "platform/media/engine/MediaSource.h"
 #include "platform/media/engine/MpvCore.h"
+#include "platform/media/engine/MpvPicture.h"
 #include "platform/media/engine/PlaybackClock.h"
 
 #include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tonvale {
 
@@ -27,6 +29,9 @@ public:
     };
 
     MpvEngine(EventLoop &loop, Callbacks callbacks, Options options);
+    ~MpvEngine() override;
+    MpvEngine(const MpvEngine &) = delete;
+    MpvEngine &operator=(const MpvEngine &) = delete;
 
     void open(const std::string &path) override;
     void close() override;
@@ -38,11 +43,12 @@ public:
     void seek(double seconds) override;
     void setVolume(std::int32_t volume) override;
     void setBalance(std::int32_t balance) override;
-    [[nodiscard]] PictureSize pictureSize() const override { return {}; }
-    [[nodiscard]] MediaSettings settings() const override { return {}; }
-    void setSettings(const MediaSettings & /*settings*/) override {}
-    [[nodiscard]] std::vector<MediaTrack> tracks() const override { return {}; }
-    [[nodiscard]] MediaStatistics statistics() const override { return {}; }
+    [[nodiscard]] PictureSize pictureSize() const override { return pictureSize_; }
+    [[nodiscard]] std::shared_ptr<PictureSource> picture() override { return picture_; }
+    [[nodiscard]] MediaSettings settings() const override { return settings_; }
+    void setSettings(const MediaSettings &settings) override;
+    [[nodiscard]] std::vector<MediaTrack> tracks() const override { return tracks_; }
+    [[nodiscard]] MediaStatistics statistics() const override;
 
 private:
     using Steady = PlaybackClock::Steady;
@@ -52,12 +58,25 @@ private:
     // Where it leads nowhere, the file is loaded again instead.
     enum class Seeking { No, Sent, Accepted, Running, Reloading };
     // What an event answers, besides the serial number of the open or seek that it belongs to.
-    enum class Request : std::uint64_t { None, Load, Seek, Duration, Format, Position, End, Idle, Output };
+    enum class Request : std::uint64_t {
+        None,
+        Load,
+        Seek,
+        Duration,
+        Format,
+        Tracks,
+        Picture,
+        Position,
+        End,
+        Idle,
+        Output,
+        Statistics
+    };
 
     // loading.cpp
     MpvCore &core();
-    [[nodiscard]] bool needsPicture() const;
-    void load(const std::string &path, const std::string &fileOptions);
+    void dropCore();
+    void load(const std::string &path);
     void waitUntilLoaded(Steady::time_point deadline);
     void finishOpen();
     void reload();
@@ -72,6 +91,7 @@ private:
     void onReply(const mpv_event &event);
     void onValue(const mpv_event &event);
     void onNumber(Request request, double value);
+    void onFact();
     void onSeekStep(Seeking from, Seeking to);
     void endSeek();
     void watchEnd();
@@ -85,6 +105,16 @@ private:
 
     void applyBalance();
 
+    // picture_and_settings.cpp
+    void onTracksFound(const mpv_event_hook &hook);
+    void watchPicture();
+    void forgetPicture();
+    void onPicture(const mpv_node &parameters);
+    void onTracks(const mpv_node &list);
+    void onStatistics(const mpv_node &reply);
+    void restoreSettings();
+    void apply(const MediaSettings &settings);
+
     EventLoop &loop_;
     const Callbacks callbacks_;
     const Options options_;
@@ -93,7 +123,7 @@ private:
     std::shared_ptr<MediaSource> source_;
     Loading loading_ = Loading::Idle;
     int loadError_ = 0;
-    std::string address_, fileOptions_;
+    std::string address_;
     std::int64_t entry_ = 0, startedEntry_ = 0;
     int factsMissing_ = 0;
     std::string format_;
@@ -116,6 +146,17 @@ private:
     std::int32_t volume_ = 0;
     std::int32_t balance_ = 0;
     bool balanceInserted_ = false;
+
+    std::shared_ptr<MpvPicture> picture_ = std::make_shared<MpvPicture>();
+    bool hasPicture_ = false;        // a moving one, chosen to be played
+    std::uint64_t pictureWatch_ = 0; // the id of its reports; 0: none are wanted
+    bool pictureAwaited_ = false;    // the first of them
+    std::int32_t rotation_ = 0;
+    PictureSize pictureSize_;
+    bool pictureChanged_ = false; // and has not been reported
+    std::vector<MediaTrack> tracks_;
+    MediaSettings settings_;
+    MediaStatistics statistics_;
 };
 
 } // namespace tonvale

@@ -31,10 +31,16 @@ void PlaybackClock::setRunning(bool running, Steady::time_point now) {
     running_ = running;
 }
 
+void PlaybackClock::setSpeed(double speed, Steady::time_point now) {
+    seconds_ = unlimitedAt(now);
+    since_ = now;
+    speed_ = speed;
+}
+
 double PlaybackClock::at(Steady::time_point now) const { return std::max(least_, unlimitedAt(now)); }
 
 double PlaybackClock::unlimitedAt(Steady::time_point now) const {
-    return running_ ? seconds_ + std::chrono::duration<double>(now - since_).count() : seconds_;
+    return running_ ? seconds_ + std::chrono::duration<double>(now - since_).count() * speed_ : seconds_;
 }
 
 } // namespace tonvale

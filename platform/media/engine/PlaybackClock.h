@@ -18,6 +18,7 @@ public:
     // go back.
     void correct(double seconds, Steady::time_point now);
     void setRunning(bool running, Steady::time_point now);
+    void setSpeed(double speed, Steady::time_point now);
     [[nodiscard]] bool isRunning() const { return running_; }
     [[nodiscard]] double at(Steady::time_point now) const;
 
@@ -27,6 +28,7 @@ private:
     double seconds_ = 0;
     double least_ = 0; // what has been shown already
     Steady::time_point since_{};
+    double speed_ = 1;
     bool running_ = false;
 };
 

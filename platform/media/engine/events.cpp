@@ -19,6 +19,12 @@ constexpr std::uint64_t kRequestMask = (1u << kRequestBits) - 1;
 
 constexpr const char *kSilentOutput = "null";
 
+// Nothing where the property is not there.
+const mpv_node &nodeIn(const mpv_event_property &property) {
+    static constexpr mpv_node kNone{};
+    return property.format == MPV_FORMAT_NODE ? *static_cast<const mpv_node *>(property.data) : kNone;
+}
+
 void tellSilentOutput() {
     static std::once_flag told;
     std::call_once(told, [] {
@@ -40,11 +46,16 @@ void MpvEngine::drain() {
         if (event.event_id == MPV_EVENT_NONE) break;
         handle(event);
     }
+    // Each last, and through a copy: the engine may be gone afterwards.
+    if (std::exchange(pictureChanged_, false)) {
+        core().requestDrain();
+        if (const auto changed = callbacks_.pictureChanged) changed();
+        return;
+    }
     if (!playing_ || !atEnd_ || seeking_ != Seeking::No) return;
     playing_ = false;
     finished_ = true;
     updateClock();
-    // Last, and through a copy: the engine may be gone afterwards.
     if (const auto ended = callbacks_.ended) ended();
 }
 
@@ -56,6 +67,7 @@ void MpvEngine::handle(const mpv_event &event) {
     case MPV_EVENT_START_FILE:
         startedEntry_ = static_cast<const mpv_event_start_file *>(event.data)->playlist_entry_id;
         break;
+    case MPV_EVENT_HOOK: onTracksFound(*static_cast<const mpv_event_hook *>(event.data)); break;
     case MPV_EVENT_FILE_LOADED: onFileLoaded(); break;
     case MPV_EVENT_END_FILE: onEndFile(*static_cast<const mpv_event_end_file *>(event.data)); break;
     case MPV_EVENT_SEEK: onSeekStep(Seeking::Accepted, Seeking::Running); break;
@@ -69,6 +81,7 @@ void MpvEngine::onReply(const mpv_event &event) {
     switch (static_cast<Request>(event.reply_userdata & kRequestMask)) {
     case Request::Load: onLoadReply(event); break;
     case Request::Seek: onSeekStep(Seeking::Sent, event.error < 0 ? Seeking::No : Seeking::Accepted); break;
+    case Request::Statistics: onStatistics(static_cast<const mpv_event_command *>(event.data)->result); break;
     default: break;
     }
 }
@@ -84,6 +97,8 @@ void MpvEngine::endSeek() {
     updateClock();
     askPosition();
     watchEnd();
+    // The first frame is there now, or none will come.
+    if (loading_ == Loading::Opened && hasPicture_) watchPicture();
 }
 
 void MpvEngine::unwatchEnd() {
@@ -128,7 +143,10 @@ void MpvEngine::onValue(const mpv_event &event) {
         if (options_.outputs != kSilentOutput && property.format == MPV_FORMAT_STRING &&
             std::string_view(*static_cast<const char *const *>(property.data)) == kSilentOutput)
             tellSilentOutput();
+    } else if (request == Request::Picture) {
+        if (event.reply_userdata == pictureWatch_) onPicture(nodeIn(property));
     } else if (isCurrent(event.reply_userdata)) {
+        if (request == Request::Tracks) onTracks(nodeIn(property));
         if (request == Request::End && seeking_ == Seeking::No) onEndState(flag);
         if (request == Request::Format && property.format == MPV_FORMAT_STRING)
             format_ = *static_cast<const char *const *>(property.data);
@@ -139,8 +157,11 @@ void MpvEngine::onValue(const mpv_event &event) {
 void MpvEngine::onNumber(Request request, double value) {
     if (request == Request::Position && seeking_ == Seeking::No && value >= 0) clock_.correct(value, Steady::now());
     if (request == Request::Duration && value > 0 && !lengthMeasured_) duration_ = value;
-    const bool isFact = request == Request::Duration || request == Request::Format;
-    if (isFact && loading_ == Loading::Opened && --factsMissing_ == 0) loading_ = Loading::Ready;
+    if (request == Request::Duration || request == Request::Format || request == Request::Tracks) onFact();
+}
+
+void MpvEngine::onFact() {
+    if (loading_ == Loading::Opened && --factsMissing_ == 0) loading_ = Loading::Ready;
 }
 
 void MpvEngine::updateClock() {

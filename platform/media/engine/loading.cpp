@@ -8,26 +8,16 @@
 #include "controls/Errors.h"
 #include "platform/media/engine/plain_number.h"
 
-#include <string_view>
+#include <algorithm>
 
 namespace tonvale {
 
 namespace {
 
-constexpr const char *kWithPicture = "vid=auto";
-constexpr const char *kRealMedia = "rm";
+constexpr double kFramePatience = 0.01; // seconds that a frame may wait to be taken
 
 [[noreturn]] void throwLoadError(const std::string &description) {
     throw RuntimeError(ErrorNumber::AutomationError, description);
-}
-
-std::int64_t entryIn(const mpv_node &node) {
-    if (node.format != MPV_FORMAT_NODE_MAP) return 0;
-    const mpv_node_list &map = *node.u.list;
-    for (int i = 0; i < map.num; ++i)
-        if (std::string_view(map.keys[i]) == "playlist_entry_id" && map.values[i].format == MPV_FORMAT_INT64)
-            return map.values[i].u.int64;
-    return 0;
 }
 
 std::string nameIn(const std::string &path) { return path.substr(path.rfind('/') + 1); }
@@ -40,7 +30,14 @@ MpvCore &MpvEngine::core() {
     core_->observe(static_cast<std::uint64_t>(Request::Idle), "core-idle", MPV_FORMAT_FLAG);
     core_->observe(static_cast<std::uint64_t>(Request::Output), "current-ao", MPV_FORMAT_STRING);
     setVolume(volume_);
+    picture_->connect(*core_);
     return *core_;
+}
+
+void MpvEngine::dropCore() {
+    picture_->disconnect();
+    core_.reset();
+    settings_ = {};
 }
 
 // The next open or seek, so that what is still to come for this one is told by its number.
@@ -57,6 +54,7 @@ void MpvEngine::forget() {
     duration_ = 0;
     lengthAsked_ = lengthMeasured_ = false;
     format_.clear();
+    forgetPicture();
     updateClock();
     clock_.set(0, Steady::now());
 }
@@ -72,41 +70,33 @@ void MpvEngine::open(const std::string &path) {
         throw;
     }
     if (balanceInserted_ || balance_ != 0) applyBalance();
-    load(path, "");
+    restoreSettings();
+    load(path);
     waitUntilLoaded(deadline);
-    if (needsPicture()) {
-        load(path, kWithPicture);
-        waitUntilLoaded(deadline);
-    }
     finishOpen();
 }
 
-// A film without sound runs by its picture, and in a Real film places are found by the picture alone.
-bool MpvEngine::needsPicture() const {
-    return loading_ == Loading::Failed ? loadError_ == MPV_ERROR_NOTHING_TO_PLAY : format_ == kRealMedia;
-}
-
-void MpvEngine::load(const std::string &path, const std::string &fileOptions) {
+void MpvEngine::load(const std::string &path) {
     loading_ = Loading::Requested;
     loadError_ = 0;
     entry_ = 0;
     core().setFlag("pause", true);
     core().setText("force-media-title", nameIn(path));
-    fileOptions_ = fileOptions;
     address_ = core().shelf().put(source_);
-    core().command(idOf(Request::Load), {"loadfile", address_.c_str(), "replace", fileOptions_.c_str()});
+    core().command(idOf(Request::Load), {"loadfile", address_.c_str(), "replace"});
 }
 
 void MpvEngine::waitUntilLoaded(Steady::time_point deadline) {
     while (loading_ == Loading::Requested || loading_ == Loading::Opened) {
         const std::chrono::duration<double> rest = deadline - Steady::now();
         if (rest.count() <= 0) break;
-        handle(core().wait(rest.count()));
+        handle(core().wait(std::min(rest.count(), kFramePatience)));
+        picture_->skip(); // the window's loop stands still
     }
     if (loading_ == Loading::Ready || loading_ == Loading::Failed) return;
     // Whatever it hangs in, a decoder that does not answer is no use for the next file.
     forget();
-    core_.reset();
+    dropCore();
     throwLoadError("The file could not be opened in time");
 }
 
@@ -126,7 +116,8 @@ void MpvEngine::onLoadReply(const mpv_event &event) {
         loadError_ = event.error;
         loading_ = Loading::Failed;
     } else {
-        entry_ = entryIn(static_cast<const mpv_event_command *>(event.data)->result);
+        const auto &reply = *static_cast<const mpv_event_command *>(event.data);
+        entry_ = node::number(reply.result, "playlist_entry_id");
     }
 }
 
@@ -134,11 +125,9 @@ void MpvEngine::onLoadReply(const mpv_event &event) {
 // for it further ahead each time, and drops what comes before it.
 void MpvEngine::reload() {
     constexpr double kStep = 0.7;
-    std::string options = fileOptions_;
-    if (sought_ > 0) {
-        if (!options.empty()) options += ',';
-        options += "start=" + plainNumber(sought_) + ",hr-seek-demuxer-offset=" + plainNumber(kStep * reloads_);
-    }
+    std::string options;
+    if (sought_ > 0)
+        options = "start=" + plainNumber(sought_) + ",hr-seek-demuxer-offset=" + plainNumber(kStep * reloads_);
     unwatchEnd();
     ++serial_;
     ++reloads_;
@@ -155,9 +144,10 @@ void MpvEngine::onFileLoaded() {
     if (loading_ != Loading::Requested) return;
     loading_ = Loading::Opened;
     seeking_ = Seeking::Running; // playback starts like after a seek
-    factsMissing_ = 2;
+    factsMissing_ = hasPicture_ ? 4 : 3;
     core().ask(idOf(Request::Duration), "duration", MPV_FORMAT_DOUBLE);
     core().ask(idOf(Request::Format), "file-format", MPV_FORMAT_STRING);
+    core().ask(idOf(Request::Tracks), "track-list", MPV_FORMAT_NODE);
 }
 
 void MpvEngine::onEndFile(const mpv_event_end_file &end) {

@@ -41,10 +41,14 @@ constexpr Option kOptions[] = {
     {"ordered-chapters", "no"},
     {"demuxer", "+lavf"},
 
-    // Sound alone. The picture output is for films without sound, whose time must pass too.
+    // A film's picture is chosen as its tracks are known. It plays into nothing until a window comes.
     {"vid", "no"},
     {"vo", "null"},
     {"hwdec", "no"},
+    {"gpu-hwdec-interop", "no"},
+    {"video-rotate", "no"}, // by the engine: the library's software renderer cannot, and aborts
+    // The window paints a frame as it comes, and never waits with one in its hands.
+    {"video-timing-offset", "0"},
     {"sid", "no"},
     {"audio-display", "no"},
 

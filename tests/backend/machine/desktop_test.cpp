@@ -91,6 +91,39 @@ TEST_F(DesktopTest, AnAddressGoesToItsSchemesHandler) {
     EXPECT_EQ(execute("", "nosuchscheme://orvane.example/").code, 31);
 }
 
+TEST_F(DesktopTest, AWebAddressNeedsABrowser) {
+    // Whatever the machine itself has is out of sight.
+    ASSERT_EQ(::setenv("XDG_DATA_DIRS", (home / "nothing").c_str(), 1), 0);
+    EXPECT_EQ(execute("", "http://www.orvane.example/").code, 31);
+    EXPECT_EQ(execute("", "https://www.orvane.example/").code, 31);
+}
+
+TEST_F(DesktopTest, AWebAddressGoesToTheBrowser) {
+    handler("browser", "opener %u", "MimeType=x-scheme-handler/http;");
+    writeFile(home / "config/mimeapps.list", "[Default Applications]\nx-scheme-handler/http=browser.desktop\n");
+    EXPECT_GT(execute("", "http://www.orvane.example/").code, 32);
+    EXPECT_EQ(ran().at(1), "http://www.orvane.example/");
+}
+
+TEST_F(DesktopTest, HelpPagesGoToTheBrowserWhereThereIsOne) {
+    std::filesystem::create_directory(home / "Help");
+    EXPECT_EQ(execute("", home / "Help/index.html").code, 2);
+    EXPECT_EQ(execute("", home / "Hlp/index.html").code, 3);
+    writeFile(home / "Help/index.html", "<html></html>");
+    EXPECT_GT(execute("", home / "Help/index.html").code, 32);
+    EXPECT_EQ(ran().at(1), home / "Help/index.html");
+}
+
+TEST_F(DesktopTest, RunningBatchConvertersAreKnown) {
+    program("kzr", "while [ ! -e \"$HOME/end\" ]; do sleep 0.05; done\n");
+    EXPECT_TRUE(desktop.batchConverters().empty());
+    const auto launch = execute("Open", home / "bin/kzr");
+    (void)execute("Open", home / "bin/opener");
+    EXPECT_EQ(desktop.batchConverters(), std::vector<std::uint64_t>{launch.process});
+    writeFile(home / "end", "");
+    EXPECT_TRUE(waitUntil([this] { return desktop.batchConverters().empty(); }));
+}
+
 TEST_F(DesktopTest, WhatCannotBeOpenedHasItsCode) {
     EXPECT_EQ(execute("open", home / "none").code, 2);
     EXPECT_EQ(execute("open", home / "none/none").code, 3);

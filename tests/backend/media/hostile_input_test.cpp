@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/media/engine/MidiSong.h"
-#include "tests/backend/media/MediaTest.h"
+#include "tests/backend/media/FilmTest.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 
@@ -26,6 +27,8 @@ struct HostileInput : MediaTest {
         return openError(write(name, text));
     }
 };
+
+struct HostileFilm : FilmTest {};
 
 TEST_F(HostileInput, TextIsNoSong) {
     std::string text;
@@ -248,6 +251,47 @@ TEST_F(HostileInput, OpenGivesUpInTimeAndTheNextFilePlays) {
     EXPECT_EQ(openError(media("tone.wav")), 0);
     engine->play();
     EXPECT_TRUE(reachesPosition(0.2));
+    hung->release();
+}
+
+// Reads well until the disc stalls, and hangs then.
+class StallingSource final : public MediaSource {
+public:
+    StallingSource(std::shared_ptr<MediaSource> source, std::shared_ptr<HungSource> hung, std::atomic<bool> &stalls)
+        : source_(std::move(source)), hung_(std::move(hung)), stalls_(stalls) {}
+    [[nodiscard]] std::int64_t size() const override { return source_->size(); }
+    [[nodiscard]] std::int64_t read(std::span<std::byte> buffer) override {
+        return stalls_ ? hung_->read(buffer) : source_->read(buffer);
+    }
+    [[nodiscard]] bool seek(std::int64_t offset) override { return source_->seek(offset); }
+    [[nodiscard]] double measuredDuration(const std::string &) const override { return 0; }
+    [[nodiscard]] std::string extension() const override { return source_->extension(); }
+
+private:
+    std::shared_ptr<MediaSource> source_;
+    std::shared_ptr<HungSource> hung_;
+    std::atomic<bool> &stalls_;
+};
+
+TEST_F(HostileFilm, ADiscThatHangsInMidFilmHoldsNobodyUp) {
+    const auto hung = std::make_shared<HungSource>();
+    static std::atomic<bool> stalls{false}; // outlives a decoder that is left to itself
+    options.openSource = [hung](const std::string &path) {
+        return std::make_shared<StallingSource>(openMediaSource(path), hung, stalls);
+    };
+    makeEngine();
+    show({320, 240});
+    openAndPlay(film("quadrants.avi"));
+    ASSERT_TRUE(window->showsQuadrants(0, 0, 320, 240));
+    ASSERT_TRUE(reachesPosition(0.5));
+    stalls = true;
+    engine->seek(11);
+    loop.runFor(100ms);
+    const auto start = std::chrono::steady_clock::now();
+    engine->close();
+    engine.reset();
+    window.reset();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 2s);
     hung->release();
 }
 

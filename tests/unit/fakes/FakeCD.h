@@ -30,6 +30,8 @@ public:
     CdTime position = fromFrames(0);
     std::int32_t device = 0;
     bool openFails = false;
+    tonvale::DriveState state = tonvale::DriveState::Idle;
+    CDReader *reader = nullptr; // the last one made
 
     // Adds a track right behind the last one.
     void addTrack(std::int32_t lengthFrames) {
@@ -40,7 +42,11 @@ public:
     }
 
     [[nodiscard]] std::function<std::unique_ptr<CDReader>()> factory() {
-        return [this] { return std::make_unique<Reader>(*this); };
+        return [this] {
+            auto made = std::make_unique<Reader>(*this);
+            reader = made.get();
+            return made;
+        };
     }
 
 private:
@@ -75,6 +81,8 @@ private:
             cd_.log_.add("cd.PlayRange " + std::to_string(frames(start)) + " " + std::to_string(frames(playTime)));
         }
         void PausePlay() override { cd_.log_.add("cd.PausePlay"); }
+        void ResumePlay() override { cd_.log_.add("cd.ResumePlay"); }
+        [[nodiscard]] tonvale::DriveState DriveState() override { return cd_.state; }
         void StopPlay() override { cd_.log_.add("cd.StopPlay"); }
         [[nodiscard]] CdTime PlayPosition() override {
             cd_.log_.add("cd.PlayPosition");

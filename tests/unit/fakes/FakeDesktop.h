@@ -70,6 +70,7 @@ public:
     std::int32_t extendedError() override { return error; }
     std::optional<std::string> browseForFolder(const std::string &title) override {
         browsed.push_back(title);
+        if (whileUp) whileUp();
         if (failure) throw RuntimeError(*failure);
         return folder;
     }

@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tonvale::test {
 
@@ -24,11 +25,11 @@ public:
     FakeLineReader(const std::string &content, std::optional<ErrorNumber> errorAtEnd) : errorAtEnd_(errorAtEnd) {
         std::string line;
         for (std::size_t i = 0; i < content.size(); ++i) {
-            if (content[i] != '\r' && content[i] != '\n') {
+            if (content[i] != '\r') {
                 line += content[i];
                 continue;
             }
-            if (content[i] == '\r' && i + 1 < content.size() && content[i + 1] == '\n') ++i;
+            if (i + 1 < content.size() && content[i + 1] == '\n') ++i;
             lines_.push_back(std::exchange(line, {}));
         }
         if (!line.empty()) lines_.push_back(line);
@@ -55,12 +56,14 @@ public:
 
     std::string directory = "/home/me";
     std::string temporary = "/home/me/.Cache/Orvane-Tonvale/";
-    std::optional<ErrorNumber> renameError, deleteError, lengthError, readError;
+    std::optional<ErrorNumber> renameError, deleteError, lengthError, readError, writeError;
+    std::map<std::string, std::vector<std::string>> folders; // and the files right in them
 
     void add(const std::string &path, std::int64_t length) { files_[path] = {{}, length}; }
     void addText(const std::string &path, const std::string &content) {
         files_[path] = {content, static_cast<std::int64_t>(content.size())};
     }
+    [[nodiscard]] const std::string &text(const std::string &path) { return at(path).content; }
     [[nodiscard]] bool hasExactly(const std::string &path) const { return files_.contains(path); }
 
     std::string find(const std::string &path) override {
@@ -70,6 +73,11 @@ public:
         return path;
     }
     bool fileExists(const std::string &path) override { return files_.contains(find(path)); }
+    bool pathExists(const std::string &path) override { return folders.contains(path) || fileExists(path); }
+    std::vector<std::string> filesIn(const std::string &path) override {
+        if (readError) throw RuntimeError(*readError);
+        return folders.at(path);
+    }
     std::int64_t fileLength(const std::string &path) override {
         if (lengthError) throw RuntimeError(*lengthError);
         return at(path).length;
@@ -91,6 +99,11 @@ public:
     }
     std::unique_ptr<LineReader> openLines(const std::string &path) override {
         return std::make_unique<FakeLineReader>(at(path).content, readError);
+    }
+    void replaceFile(const std::string &path, const std::string &content) override {
+        log_.add("files.replace " + path);
+        if (writeError) throw RuntimeError(*writeError);
+        addText(path, content);
     }
     std::string currentDirectory() override { return directory; }
     std::string temporaryDirectory() override { return temporary; }

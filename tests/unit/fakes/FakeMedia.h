@@ -108,6 +108,7 @@ private:
             const auto found = media_.pictures.find(media_.file);
             return found == media_.pictures.end() ? PictureSize{} : found->second;
         }
+        [[nodiscard]] std::shared_ptr<PictureSource> picture() override { return nullptr; }
         [[nodiscard]] MediaSettings settings() const override { return media_.settings; }
         void setSettings(const MediaSettings &settings) override { media_.settings = settings; }
         [[nodiscard]] std::vector<MediaTrack> tracks() const override { return media_.tracks; }

@@ -30,6 +30,10 @@ public:
         });
     }
     VvWeb &VvWeb1() override { return engine_; }
+    void SetFullScreen() override {
+        log_.add(FullScreenMenu.Checked ? "vivo.leaves full screen" : "vivo.enters full screen");
+        FullScreenMenu.Checked = !FullScreenMenu.Checked;
+    }
 
 private:
     void Form_Unload(std::int16_t & /*cancel*/) override { log_.add("vivo.unloaded"); }

@@ -7,10 +7,12 @@
 #include "core/Main.h"
 #include "core/setting_keys.h"
 #include "desktop/Settings.h"
+#include "desktop/register.h"
 #include "player/Form1.h"
 #include "player/register.h"
 #include "tests/unit/fakes/CallLog.h"
 #include "tests/unit/fakes/FakeCD.h"
+#include "tests/unit/fakes/FakeCodecs.h"
 #include "tests/unit/fakes/FakeDesktop.h"
 #include "tests/unit/fakes/FakeFiles.h"
 #include "tests/unit/fakes/FakeLoop.h"
@@ -18,6 +20,7 @@
 #include "tests/unit/fakes/FakeMixer.h"
 #include "tests/unit/fakes/FakeOwnWindows.h"
 #include "tests/unit/fakes/FakeRegistry.h"
+#include "viewers/register.h"
 
 #include <memory>
 #include <string>
@@ -55,6 +58,7 @@ public:
     FakeRandom random;
     FakeMedia media{log, loop};
     FakeCD cd{log};
+    FakeCodecs codecs{log, loop, files};
     FakeAssociations associations{log};
     ProgramInfo program{"Orvane Tonvale", "/opt/tonvale", ""};
 
@@ -64,6 +68,7 @@ public:
             app_ = std::make_unique<Application>(services());
             registerDesktopWindows(*app_);
             registerPlayerWindows(*app_);
+            registerViewerWindows(*app_);
             registerOtherWindows();
         }
         return *app_;
@@ -90,9 +95,27 @@ public:
 
 private:
     [[nodiscard]] Services services() {
-        return {loop,         clock,         registry,         files,    boxes,   dialogs, shell,  documents,
-                screen,       screenSaver,   systemProperties, keyboard, windows, mixer,   random, media.factory(),
-                cd.factory(), &associations, program};
+        return {loop,
+                clock,
+                registry,
+                files,
+                boxes,
+                dialogs,
+                shell,
+                documents,
+                screen,
+                screenSaver,
+                systemProperties,
+                keyboard,
+                windows,
+                mixer,
+                random,
+                media.factory(),
+                cd.factory(),
+                codecs.encoderFactory(),
+                codecs.decoderFactory(),
+                &associations,
+                program};
     }
     void registerOtherWindows() {
         app_->VivoPlayer.setFactory([this] { return std::make_unique<FakeVivoWindow>(app_->forms, log); });

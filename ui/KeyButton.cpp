@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "ui/KeyButton.h"
+
+#include "ui/theme.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tonvale {
+
+namespace {
+
+constexpr int kLeastWidth = 92, kHeight = 32, kBeside = 18; // device-independent pixels
+
+} // namespace
+
+KeyButton::KeyButton(QWidget *parent) : QAbstractButton(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+QSize KeyButton::sizeHint() const {
+    const int word = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return {std::max(kLeastWidth, word + 2 * kBeside), kHeight};
+}
+
+void KeyButton::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void KeyButton::enterEvent(QEnterEvent *event) {
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void KeyButton::leaveEvent(QEvent *event) {
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+void KeyButton::paintEvent(QPaintEvent * /*event*/) {
+    QPainter painter(this);
+    const bool hovered = isEnabled() && underMouse();
+    theme::paintKey(painter, rect(), isDown(), hovered);
+    if (hasFocus()) theme::paintFocus(painter, QRectF(rect()).adjusted(1, 1, -1, -1));
+    painter.setPen(isEnabled() ? (isDown() || hovered ? theme::kLit : theme::kText) : theme::kDisabledText);
+    painter.drawText(rect().translated(0, isDown() ? 1 : 0), Qt::AlignCenter | Qt::TextShowMnemonic, text());
+}
+
+} // namespace tonvale

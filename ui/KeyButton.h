@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QAbstractButton>
+
+namespace tonvale {
+
+// A key of the panel with a word on it.
+class KeyButton : public QAbstractButton {
+public:
+    explicit KeyButton(QWidget *parent);
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void enterEvent(QEnterEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+};
+
+} // namespace tonvale

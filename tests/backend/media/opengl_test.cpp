@@ -41,7 +41,7 @@ public:
         eglMakeCurrent(display_, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
         if (context_ != EGL_NO_CONTEXT) eglDestroyContext(display_, context_);
         if (surface_ != EGL_NO_SURFACE) eglDestroySurface(display_, surface_);
-        eglTerminate(display_);
+        // The display stays: drivers that are unloaded could not be named where they leak.
     }
     Card(const Card &) = delete;
     Card &operator=(const Card &) = delete;

@@ -5,10 +5,17 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QTimer>
 
 #include <utility>
 
 namespace tonvale {
+
+namespace {
+
+constexpr int kAfterStart = 500; // milliseconds
+
+} // namespace
 
 WhenOnScreen::WhenOnScreen(std::function<void()> work) : work_(std::move(work)) {
     QCoreApplication::instance()->installEventFilter(this);
@@ -17,7 +24,7 @@ WhenOnScreen::WhenOnScreen(std::function<void()> work) : work_(std::move(work)) 
 bool WhenOnScreen::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() != QEvent::Expose || !watched->isWindowType()) return false;
     QCoreApplication::instance()->removeEventFilter(this);
-    QMetaObject::invokeMethod(this, work_, Qt::QueuedConnection); // the window paints before
+    QTimer::singleShot(kAfterStart, this, work_); // a file begins to sound before
     return false;
 }
 

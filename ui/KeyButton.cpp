@@ -5,7 +5,6 @@
 
 #include "ui/theme.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -18,28 +17,11 @@ constexpr int kLeastWidth = 92, kHeight = 32, kBeside = 18; // device-independen
 
 } // namespace
 
-KeyButton::KeyButton(QWidget *parent) : QAbstractButton(parent) { setFocusPolicy(Qt::StrongFocus); }
+KeyButton::KeyButton(QWidget *parent) : PanelButton(parent) {}
 
 QSize KeyButton::sizeHint() const {
     const int word = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
     return {std::max(kLeastWidth, word + 2 * kBeside), kHeight};
-}
-
-void KeyButton::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QAbstractButton::keyPressEvent(event);
-}
-
-void KeyButton::enterEvent(QEnterEvent *event) {
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void KeyButton::leaveEvent(QEvent *event) {
-    QAbstractButton::leaveEvent(event);
-    update();
 }
 
 void KeyButton::paintEvent(QPaintEvent * /*event*/) {

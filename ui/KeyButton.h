@@ -3,21 +3,18 @@
 
 #pragma once
 
-#include <QAbstractButton>
+#include "ui/PanelButton.h"
 
 namespace tonvale {
 
 // A key of the panel with a word on it.
-class KeyButton : public QAbstractButton {
+class KeyButton : public PanelButton {
 public:
     explicit KeyButton(QWidget *parent);
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
 };
 
 } // namespace tonvale

@@ -5,7 +5,6 @@
 
 #include "ui/theme.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace tonvale {
@@ -16,30 +15,10 @@ constexpr int kBeside = 4, kAbove = 3; // around the text; device-independent pi
 
 } // namespace
 
-LinkButton::LinkButton(QWidget *parent) : QAbstractButton(parent) {
-    setFocusPolicy(Qt::StrongFocus);
-    setCursor(Qt::PointingHandCursor);
-}
+LinkButton::LinkButton(QWidget *parent) : PanelButton(parent) { setCursor(Qt::PointingHandCursor); }
 
 QSize LinkButton::sizeHint() const {
     return fontMetrics().size(Qt::TextSingleLine, text()) + QSize(2 * kBeside, 2 * kAbove);
-}
-
-void LinkButton::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QAbstractButton::keyPressEvent(event);
-}
-
-void LinkButton::enterEvent(QEnterEvent *event) {
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void LinkButton::leaveEvent(QEvent *event) {
-    QAbstractButton::leaveEvent(event);
-    update();
 }
 
 void LinkButton::paintEvent(QPaintEvent * /*event*/) {

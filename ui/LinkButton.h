@@ -3,21 +3,18 @@
 
 #pragma once
 
-#include <QAbstractButton>
+#include "ui/PanelButton.h"
 
 namespace tonvale {
 
 // A text that is clicked like a link.
-class LinkButton : public QAbstractButton {
+class LinkButton : public PanelButton {
 public:
     explicit LinkButton(QWidget *parent);
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
 };
 
 } // namespace tonvale

@@ -18,19 +18,7 @@ constexpr double kSignShare = 0.52, kLargestSign = 24; // of the key's shorter s
 
 } // namespace
 
-TransportButton::TransportButton(QWidget *parent, Sign sign) : QAbstractButton(parent), sign_(sign) {
-    setFocusPolicy(Qt::StrongFocus);
-}
-
-void TransportButton::enterEvent(QEnterEvent *event) {
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void TransportButton::leaveEvent(QEvent *event) {
-    QAbstractButton::leaveEvent(event);
-    update();
-}
+TransportButton::TransportButton(QWidget *parent, Sign sign) : PanelButton(parent), sign_(sign) {}
 
 void TransportButton::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);

@@ -3,14 +3,14 @@
 
 #pragma once
 
-#include <QAbstractButton>
+#include "ui/PanelButton.h"
 
 class QPainterPath;
 
 namespace tonvale {
 
 // A key of the panel with a drawn sign on it.
-class TransportButton : public QAbstractButton {
+class TransportButton : public PanelButton {
 public:
     enum class Sign { PlayNew, PlayCurrent, Pause, Stop, Mute, Delete, Help, Centre };
 
@@ -18,8 +18,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void enterEvent(QEnterEvent *event) override;
-    void leaveEvent(QEvent *event) override;
 
 private:
     Sign sign_;

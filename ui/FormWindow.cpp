@@ -5,6 +5,7 @@
 
 #include "ui/children.h"
 #include "ui/dropped_files.h"
+#include "ui/input_codes.h"
 #include "ui/menus.h"
 #include "ui/text.h"
 #include "ui/units.h"
@@ -43,22 +44,6 @@ Qt::WindowFlags flagsFor(BorderStyle border) {
                                   Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
     // A fixed size is the form's to say, so there is nothing to maximize.
     return border == BorderStyle::Sizable ? flags | Qt::WindowMaximizeButtonHint : flags;
-}
-
-std::int16_t buttonNumber(Qt::MouseButton button) {
-    switch (button) {
-    case Qt::LeftButton: return kLeftButton;
-    case Qt::RightButton: return kRightButton;
-    case Qt::MiddleButton: return kMiddleButton;
-    default: return 0;
-    }
-}
-
-std::int16_t shiftNumber(Qt::KeyboardModifiers keys) {
-    constexpr int kShift = 1, kControl = 2, kAlt = 4;
-    return static_cast<std::int16_t>((keys.testFlag(Qt::ShiftModifier) ? kShift : 0) |
-                                     (keys.testFlag(Qt::ControlModifier) ? kControl : 0) |
-                                     (keys.testFlag(Qt::AltModifier) ? kAlt : 0));
 }
 
 // The character that a key gives, or 0. One that is beyond a byte is "?".
@@ -303,9 +288,9 @@ void FormWindow::keyPressEvent(QKeyEvent *event) {
 }
 
 void FormWindow::mouseReleaseEvent(QMouseEvent *event) {
-    const std::int16_t button = buttonNumber(event->button());
+    const std::int16_t button = buttonsIn(event->button());
     if (button == 0 || form_ == nullptr) return;
-    form_->userReleasedButton(button, shiftNumber(event->modifiers()), toTwips(event->position().x()),
+    form_->userReleasedButton(button, shiftIn(event->modifiers()), toTwips(event->position().x()),
                               toTwips(event->position().y() - menuHeight_));
 }
 
@@ -313,7 +298,7 @@ void FormWindow::mouseReleaseEvent(QMouseEvent *event) {
 void FormWindow::contextMenuEvent(QContextMenuEvent *event) {
     if (event->reason() != QContextMenuEvent::Keyboard || form_ == nullptr) return;
     const QPoint middle = rect().center();
-    form_->userReleasedButton(kRightButton, shiftNumber(event->modifiers()), toTwips(middle.x()),
+    form_->userReleasedButton(kRightButton, shiftIn(event->modifiers()), toTwips(middle.x()),
                               toTwips(middle.y() - menuHeight_));
 }
 

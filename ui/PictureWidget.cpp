@@ -3,6 +3,7 @@
 
 #include "ui/PictureWidget.h"
 
+#include "ui/input_codes.h"
 #include "ui/text.h"
 #include "ui/units.h"
 
@@ -16,20 +17,6 @@ namespace tonvale {
 namespace {
 
 constexpr int kPointerRest = 3000; // milliseconds until a pointer that stands still hides
-
-std::int16_t buttonsIn(Qt::MouseButtons buttons) {
-    constexpr std::int16_t kLeft = 1, kRight = 2, kMiddle = 4;
-    return static_cast<std::int16_t>((buttons.testFlag(Qt::LeftButton) ? kLeft : 0) |
-                                     (buttons.testFlag(Qt::RightButton) ? kRight : 0) |
-                                     (buttons.testFlag(Qt::MiddleButton) ? kMiddle : 0));
-}
-
-std::int16_t shiftIn(Qt::KeyboardModifiers modifiers) {
-    constexpr std::int16_t kShift = 1, kControl = 2, kAlt = 4;
-    return static_cast<std::int16_t>((modifiers.testFlag(Qt::ShiftModifier) ? kShift : 0) |
-                                     (modifiers.testFlag(Qt::ControlModifier) ? kControl : 0) |
-                                     (modifiers.testFlag(Qt::AltModifier) ? kAlt : 0));
-}
 
 } // namespace
 

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Orvane Tonvale developers
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <Qt>
+#include <QtGlobal>
+
+#include <cstdint>
+
+namespace tonvale {
+
+// Buttons and keys as the handlers of a form are told them.
+[[nodiscard]] std::int16_t buttonsIn(Qt::MouseButtons buttons);      // kLeftButton ... or their sum
+[[nodiscard]] std::int16_t shiftIn(Qt::KeyboardModifiers modifiers); // 1 Shift, 2 Control, 4 Alt, or their sum
+
+} // namespace tonvale

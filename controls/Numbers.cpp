@@ -4,8 +4,10 @@
 #include "controls/Numbers.h"
 
 #include "controls/Errors.h"
+#include "controls/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -192,6 +194,13 @@ std::string formatOneDecimal(double value) {
     const std::int64_t tenths = wholeNumber(std::round(std::fabs(value) * 10));
     const std::string digits = std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
     return value < 0 && tenths != 0 ? "-" + digits : digits;
+}
+
+std::string formatGeneral(double value, int significantDigits) {
+    std::array<char, 32> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general,
+                                   significantDigits);
+    return upperCase({buffer.data(), end.ptr});
 }
 
 } // namespace tonvale

@@ -39,5 +39,7 @@ namespace tonvale {
 // Number formats "00", "000" and "0.0"; rounding is half away from zero, as formatting does it.
 [[nodiscard]] std::string formatDigits(double value, int minimumDigits);
 [[nodiscard]] std::string formatOneDecimal(double value);
+// As short as it can be with so many significant digits: "3", "23.976", "1E+20".
+[[nodiscard]] std::string formatGeneral(double value, int significantDigits);
 
 } // namespace tonvale

@@ -9,8 +9,6 @@
 #include "desktop/text_values.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 
 namespace tonvale {
 
@@ -18,12 +16,7 @@ namespace {
 
 constexpr int kSingleDigits = 7; // significant digits of a single-precision number
 
-std::string singleText(double value) {
-    std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), static_cast<float>(value),
-                                   std::chars_format::general, kSingleDigits);
-    return upperCase({buffer.data(), end.ptr});
-}
+std::string singleText(double value) { return formatGeneral(static_cast<float>(value), kSingleDigits); }
 
 std::int32_t numberAfter(const std::string &text, const char *key) {
     const std::size_t at = text.find(key);

@@ -12,9 +12,6 @@
 #include "player/captions.h"
 #include "player/media_kinds.h"
 
-#include <array>
-#include <charconv>
-
 namespace tonvale {
 
 namespace {
@@ -39,10 +36,7 @@ std::string quoted(const std::string &text) { return "\"" + text + "\""; }
 
 std::string numberText(double value) {
     constexpr int kDoubleDigits = 15;
-    std::array<char, 32> buffer{};
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, kDoubleDigits);
-    return upperCase({buffer.data(), end.ptr});
+    return formatGeneral(value, kDoubleDigits);
 }
 
 } // namespace

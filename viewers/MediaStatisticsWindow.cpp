@@ -5,7 +5,6 @@
 
 #include "controls/Numbers.h"
 
-#include <charconv>
 #include <string>
 #include <string_view>
 
@@ -22,13 +21,7 @@ std::string withUnit(double value, double divisor, const char *unit) {
     return value > 0 ? formatDigits(value / divisor, 1) + unit : std::string();
 }
 
-std::string frameRate(double rate) {
-    if (!(rate > 0)) return {};
-    std::array<char, 32> buffer{};
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), rate, std::chars_format::general, kRateDigits);
-    return std::string(buffer.data(), end.ptr) + " frames/s";
-}
+std::string frameRate(double rate) { return rate > 0 ? formatGeneral(rate, kRateDigits) + " frames/s" : std::string(); }
 
 std::string pictureSize(PictureSize size) {
     return size.isEmpty() ? std::string() : std::to_string(size.width) + " x " + std::to_string(size.height);

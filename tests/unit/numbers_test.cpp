@@ -153,5 +153,12 @@ TEST(FormatOneDecimal, ShowsOneDigitBehindThePoint) {
     EXPECT_EQ(formatOneDecimal(-1.26), "-1.3");
 }
 
+TEST(FormatGeneral, IsAsShortAsItsDigitsAllow) {
+    EXPECT_EQ(formatGeneral(3, 15), "3");
+    EXPECT_EQ(formatGeneral(24000 / 1001.0, 5), "23.976");
+    EXPECT_EQ(formatGeneral(-0.5, 7), "-0.5");
+    EXPECT_EQ(formatGeneral(1e20, 15), "1E+20");
+}
+
 } // namespace
 } // namespace tonvale::test

@@ -68,6 +68,7 @@ public:
     // ---- for other windows ----
     // Brings the window back to Idle.
     void PlayStopped();
+    [[nodiscard]] bool isRunning() const; // or paused
     // Splits seconds into HourText, MinuteText and SecondText, and writes them into `text`: with
     // `clockForm` as "00:01:40", else as words, short ones with `shortForm`.
     void ConvertSeconds(std::int32_t seconds, bool clockForm, bool shortForm, std::string &text);
@@ -173,7 +174,6 @@ private:
     void btnPause_Click();
     void btnStop_Click();
     void btnMute_MouseMove();
-    [[nodiscard]] bool isRunning() const;
 
     // ---- engine_events.cpp ----
     void ActiveMovie1_OpenStateChange();

@@ -19,12 +19,10 @@ namespace {
 constexpr double kPercent = 100;
 constexpr std::int32_t kStep = 1; // seconds that the slider moves by itself
 
-bool isRunning(const Form1 &window) { return !(window.playmenu.Caption == caption::kLoadAndPlay); }
-
 // Whether the file that runs is the media engine's, not a CD's or a Vivo viewer's.
 bool isInEngine(const Form1 &window) {
     const std::string &file = window.ActiveMovie1.FileName();
-    return isRunning(window) && !file.empty() && window.Text1.Text == file;
+    return window.isRunning() && !file.empty() && window.Text1.Text == file;
 }
 
 } // namespace
@@ -89,7 +87,7 @@ void Form1Remote::later(std::function<void(Form1 &)> command) {
 // The lamp, not the caption of the pause entry, tells a pause: that one outlives a stop.
 RemotePlayer::Status Form1Remote::status() const {
     const Form1 *const form = window();
-    if (form == nullptr || !isRunning(*form)) return Status::Stopped;
+    if (form == nullptr || !form->isRunning()) return Status::Stopped;
     return form->MMLEDX1.LEDColor == lamp::kPaused ? Status::Paused : Status::Playing;
 }
 
@@ -161,7 +159,7 @@ void Form1Remote::playPause() { status() == Status::Playing ? pause() : play(); 
 // The panel's own stop, which takes the loop and the Vivo viewer with it.
 void Form1Remote::stop() {
     later([](Form1 &form) {
-        if (isRunning(form)) form.playmenu.Click();
+        if (form.isRunning()) form.playmenu.Click();
     });
 }
 

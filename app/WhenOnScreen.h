@@ -9,7 +9,8 @@
 
 namespace tonvale {
 
-// Does once, after the program's first window has been painted, what need not be done before.
+// Does once, soon after the program's first window has come up, what neither the window nor the
+// first sound must wait for.
 class WhenOnScreen : public QObject {
 public:
     explicit WhenOnScreen(std::function<void()> work);

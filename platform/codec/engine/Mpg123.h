@@ -63,7 +63,8 @@ private:
 // The library decoding frames that it is given, each of them as a whole.
 class FrameDecoder {
 public:
-    explicit FrameDecoder(SoundFormat format);
+    enum class Samples { Integers, Floats }; // of 16 and of 32 bits
+    FrameDecoder(SoundFormat format, Samples samples);
     void feed(Bytes bytes);
     // The sound of the next frame; empty when more has to be fed first.
     [[nodiscard]] Bytes next();

@@ -8,18 +8,13 @@
 
 #include <algorithm>
 #include <deque>
+#include <set>
 
 namespace tonvale {
 
 namespace {
 
 constexpr std::size_t kWriteSize = 1 << 20;
-
-// The library leaves a frame that it cannot decode, or the rest of it, silent.
-bool endsSilent(Bytes sound, SoundFormat format, const MpegHeader &header) {
-    const auto granule = static_cast<std::size_t>(header.samples() / header.granules() * format.bytesPerSample());
-    return std::ranges::all_of(sound.last(granule), [](std::uint8_t byte) { return byte == 0; });
-}
 
 } // namespace
 
@@ -62,39 +57,58 @@ void RangeDecoder::work(const std::stop_token &stop) {
     }
 }
 
+// The library leaves a frame that it cannot decode, or the rest of it, silent.
+bool RangeDecoder::endsSilent(Bytes sound) const {
+    const auto granules = static_cast<std::size_t>(context_.map.header.granules());
+    return std::ranges::all_of(sound.last(sound.size() / granules), [](std::uint8_t byte) { return byte == 0; });
+}
+
 void RangeDecoder::decode(std::size_t range, const std::stop_token &stop) {
+    const std::int64_t begin = context_.map.begin(range);
+    Output output(*this, begin * context_.map.header.samples());
+    std::set<std::int64_t> silent;
+    decodeFrames(range, FrameDecoder::Samples::Integers, stop, [&](const Frame &frame) {
+        if (frame.hasData && endsSilent(frame.sound)) silent.insert(frame.number);
+        if (frame.number >= begin) output.add(frame.sound);
+    });
+    output.write();
+    if (silent.empty()) return;
+    // Sound may just be too faint for these samples. Finer ones tell it from none.
+    decodeFrames(range, FrameDecoder::Samples::Floats, stop, [&](const Frame &frame) {
+        if (silent.contains(frame.number) && endsSilent(frame.sound)) isDoubtful_ = true;
+    });
+}
+
+void RangeDecoder::decodeFrames(std::size_t range, FrameDecoder::Samples samples, const std::stop_token &stop,
+                                const std::function<void(const Frame &frame)> &take) {
     const FrameMap &map = context_.map;
     const FrameMap::Range &start = map.ranges[range];
-    const auto frameSize = static_cast<std::size_t>(map.header.samples() * context_.format.bytesPerSample());
+    const int sampleSize = context_.format.bytesPerSample() * (samples == FrameDecoder::Samples::Floats ? 2 : 1);
+    const auto frameSize = static_cast<std::size_t>(map.header.samples() * sampleSize);
     FrameReader reader(context_.source, start.position);
-    FrameDecoder decoder(context_.format);
-    Output output(*this, map.begin(range) * map.header.samples());
-    std::deque<bool> hasSound; // of the frames that are fed and have not come back
+    FrameDecoder decoder(context_.format, samples);
+    std::deque<bool> hasData; // of the frames that are fed and have not come back
     std::int64_t fed = start.fedFirst, decoded = start.fedFirst;
-    for (int available = 0; decoded < map.end(range);) {
-        if (stop.stop_requested()) break;
+    for (int available = 0; decoded < map.end(range) && !isDoubtful_ && !stop.stop_requested();) {
         // The library wants to see a little of what follows.
         if (const auto frame = fed < map.frames ? reader.next() : std::nullopt) {
             if (fed < start.heard) muteFrame(frame->header, frame->bytes, available);
             available += frame->header.size() - frame->header.slotBegin();
-            hasSound.push_back(SideInfo::parse(frame->header, frame->bytes).mainDataBits > 0);
+            hasData.push_back(SideInfo::parse(frame->header, frame->bytes).mainDataBits > 0);
             decoder.feed(frame->bytes);
             ++fed;
         } else if (fed < map.frames) {
             throw RuntimeError(ErrorNumber::DeviceIOError); // the file has become another
-        } else if (hasSound.empty()) {
+        } else if (hasData.empty()) {
             break;
         }
         for (Bytes sound = decoder.next(); !sound.empty() && decoded < map.end(range); sound = decoder.next()) {
-            const bool isWhole = sound.size() == frameSize && !hasSound.empty();
-            if (!isWhole || (hasSound.front() && endsSilent(sound, context_.format, map.header))) isDoubtful_ = true;
+            if (sound.size() != frameSize || hasData.empty()) isDoubtful_ = true;
             if (isDoubtful_) return;
-            hasSound.pop_front();
-            if (decoded >= map.begin(range)) output.add(sound);
-            ++decoded;
+            take({decoded++, hasData.front(), sound});
+            hasData.pop_front();
         }
     }
-    output.write();
 }
 
 } // namespace tonvale

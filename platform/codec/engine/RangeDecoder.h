@@ -10,6 +10,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <stop_token>
 #include <vector>
 
@@ -39,7 +40,15 @@ public:
 
 private:
     class Output;
+    struct Frame {
+        std::int64_t number;
+        bool hasData; // bits that describe sound
+        Bytes sound;
+    };
     void decode(std::size_t range, const std::stop_token &stop);
+    void decodeFrames(std::size_t range, FrameDecoder::Samples samples, const std::stop_token &stop,
+                      const std::function<void(const Frame &frame)> &take);
+    [[nodiscard]] bool endsSilent(Bytes sound) const;
 
     const Context context_;
     DoneRanges done_;

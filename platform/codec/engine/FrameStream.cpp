@@ -21,23 +21,33 @@ void check(bool isAsExpected) {
 
 FrameStream::FrameStream(const Mp3Shape &shape, int sourceFile, std::int64_t firstFrame)
     : shape_(shape), source_(sourceFile), lame_(shape.sourceRate, shape.channels),
-      left_(static_cast<std::size_t>(kChunkFrames * shape.frameSamples())), right_(left_.size()),
+      samples_(static_cast<std::size_t>(kChunkFrames * shape.frameSamples() * shape.channels)),
+      left_(samples_.size() / static_cast<std::size_t>(shape.channels)), right_(left_.size()),
       tagLeft_(static_cast<std::size_t>(shape.tagSize)), begin_(firstFrame), complete_(firstFrame), taken_(firstFrame),
       dataEnd_(shape.slots(firstFrame) * 8) {
     source_.seek(firstFrame * shape.frameSamples());
 }
 
 void FrameStream::encodeMore() {
-    const std::size_t count = source_.read(left_, right_);
-    if (count > 0)
-        lame_.encode({left_.data(), count}, {right_.data(), count}, bytes_);
-    else
-        lame_.flush(bytes_);
+    const bool isEnd = !(source_.isPlain() ? encodeSamples() : encodeFloats());
+    if (isEnd) lame_.flush(bytes_);
     const std::size_t skipped = std::min(tagLeft_, bytes_.size());
     bytes_.erase(bytes_.begin(), bytes_.begin() + static_cast<std::ptrdiff_t>(skipped));
     tagLeft_ -= skipped;
     takeFrames();
-    if (count == 0) finish();
+    if (isEnd) finish();
+}
+
+bool FrameStream::encodeSamples() {
+    const std::size_t count = source_.read(samples_);
+    if (count > 0) lame_.encode({samples_.data(), count}, bytes_);
+    return count > 0;
+}
+
+bool FrameStream::encodeFloats() {
+    const std::size_t count = source_.read(left_, right_);
+    if (count > 0) lame_.encode({left_.data(), count}, {right_.data(), count}, bytes_);
+    return count > 0;
 }
 
 void FrameStream::takeFrames() {

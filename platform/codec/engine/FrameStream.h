@@ -31,6 +31,8 @@ public:
     [[nodiscard]] const Lame &encoder() const { return lame_; }
 
 private:
+    [[nodiscard]] bool encodeSamples();
+    [[nodiscard]] bool encodeFloats();
     void takeFrames();
     void takeFrame(Bytes frame);
     void finish();
@@ -40,6 +42,7 @@ private:
     const Mp3Shape &shape_;
     WavSource source_;
     Lame lame_;
+    std::vector<std::int16_t> samples_;
     std::vector<float> left_, right_;
     std::vector<std::uint8_t> bytes_; // from frame begin_ on
     std::size_t tagLeft_;             // of the tag frame that comes out first

@@ -38,6 +38,16 @@ Lame::Lame(int sampleRate, int channels) : handle_(lame_init()), buffer_(kOutput
     check(lame_init_params(lame));
 }
 
+void Lame::encode(std::span<std::int16_t> samples, std::vector<std::uint8_t> &mp3) {
+    lame_global_flags *lame = handle_.get();
+    const int size = static_cast<int>(buffer_.size()), count = static_cast<int>(samples.size());
+    // The call for alternating samples reads pairs of them, and so beyond the end of a single channel.
+    append(lame_get_num_channels(lame) == 1
+               ? lame_encode_buffer(lame, samples.data(), samples.data(), count, buffer_.data(), size)
+               : lame_encode_buffer_interleaved(lame, samples.data(), count / 2, buffer_.data(), size),
+           mp3);
+}
+
 void Lame::encode(std::span<const float> left, std::span<const float> right, std::vector<std::uint8_t> &mp3) {
     append(lame_encode_buffer_float(handle_.get(), left.data(), right.data(), static_cast<int>(left.size()),
                                     buffer_.data(), static_cast<int>(buffer_.size())),

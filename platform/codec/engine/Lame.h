@@ -19,7 +19,9 @@ class Lame {
 public:
     Lame(int sampleRate, int channels);
 
-    // Appends what comes out to `mp3`.
+    // Appends what comes out to `mp3`. Samples of several channels alternate; both kinds are on the
+    // scale of 16 bits.
+    void encode(std::span<std::int16_t> samples, std::vector<std::uint8_t> &mp3);
     void encode(std::span<const float> left, std::span<const float> right, std::vector<std::uint8_t> &mp3);
     void flush(std::vector<std::uint8_t> &mp3);
 

@@ -24,6 +24,10 @@ constexpr std::array kContainers{SF_FORMAT_WAV, SF_FORMAT_WAVEX, SF_FORMAT_RF64}
 constexpr std::array kEncodings{SF_FORMAT_PCM_U8, SF_FORMAT_PCM_16, SF_FORMAT_PCM_24, SF_FORMAT_PCM_32,
                                 SF_FORMAT_FLOAT,  SF_FORMAT_DOUBLE, SF_FORMAT_ULAW,   SF_FORMAT_ALAW};
 
+void check(sf_count_t count, std::size_t expected) {
+    if (count != static_cast<sf_count_t>(expected)) throw RuntimeError(ErrorNumber::DeviceIOError);
+}
+
 std::array<float, 2> gainOf(int speaker) {
     switch (speaker) {
     case SF_CHANNEL_MAP_LEFT:
@@ -131,13 +135,24 @@ void WavSource::mix(std::span<const float> samples, float &left, float &right) c
     }
 }
 
+std::size_t WavSource::take(std::size_t most) {
+    const auto count = std::min(static_cast<std::int64_t>(most), length() - next_);
+    next_ += count;
+    return static_cast<std::size_t>(count);
+}
+
+std::size_t WavSource::read(std::span<std::int16_t> samples) {
+    const auto channels = static_cast<std::size_t>(info_.channels);
+    const std::size_t count = take(samples.size() / channels);
+    check(sf_readf_short(file_.get(), samples.data(), static_cast<sf_count_t>(count)), count);
+    return count * channels;
+}
+
 std::size_t WavSource::read(std::span<float> left, std::span<float> right) {
     const auto channels = static_cast<std::size_t>(info_.channels);
-    const auto wanted = std::min(static_cast<std::int64_t>(left.size()), length() - next_);
-    const auto count = static_cast<std::size_t>(wanted);
+    const std::size_t count = take(left.size());
     samples_.resize(count * channels);
-    if (sf_readf_float(file_.get(), samples_.data(), wanted) != wanted) throw RuntimeError(ErrorNumber::DeviceIOError);
-    next_ += wanted;
+    check(sf_readf_float(file_.get(), samples_.data(), static_cast<sf_count_t>(count)), count);
     const std::span<const float> samples(samples_);
     for (std::size_t i = 0; i < count; ++i) {
         const auto sample = samples.subspan(i * channels, channels);

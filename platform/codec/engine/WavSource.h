@@ -30,7 +30,13 @@ public:
     [[nodiscard]] std::int64_t length() const { return info_.frames; }
 
     void seek(std::int64_t sample);
+    // Whether nothing has to be done to the file's own samples.
+    [[nodiscard]] bool isPlain() const {
+        return (info_.format & SF_FORMAT_SUBMASK) == SF_FORMAT_PCM_16 && gains_.empty();
+    }
     // The next samples, as many as fit and are there. A file that has become shorter is an error.
+    // Those of a plain source come as they are, channel by channel in turns.
+    [[nodiscard]] std::size_t read(std::span<std::int16_t> samples);
     [[nodiscard]] std::size_t read(std::span<float> left, std::span<float> right);
 
 private:
@@ -40,6 +46,7 @@ private:
     static SF_VIRTUAL_IO access();
     void checkFormat() const;
     void setMix();
+    [[nodiscard]] std::size_t take(std::size_t most);
     void mix(std::span<const float> samples, float &left, float &right) const;
 
     SourceReader reader_;

@@ -14,7 +14,7 @@ namespace tonvale {
 
 namespace {
 
-// The library's filter bank is at the same place of its round again after so many frames.
+// The library's filter bank is at the same place of its round again after so many granules.
 constexpr std::int64_t kRound = 8;
 constexpr std::size_t kMostHistory = 1024;
 constexpr std::int64_t kClosingTagSize = 128;
@@ -36,10 +36,10 @@ bool endsAt(int file, std::int64_t position) {
 // what they would, and others that hold main data of those.
 std::optional<FrameMap::Range> rangeAt(std::int64_t frame, const MpegHeader &header, const std::deque<Past> &past) {
     if (past.empty()) return FrameMap::Range{};
-    const std::int64_t heard = frame - 2 / header.granules();
+    const std::int64_t heard = frame - 2 / header.granules(), round = kRound / header.granules();
     std::int64_t first = heard, slots = 0;
     const auto at = [&](std::int64_t number) { return past[past.size() - static_cast<std::size_t>(frame - number)]; };
-    while (slots < kMostReservoir || first % kRound != 0) {
+    while (slots < kMostReservoir || first % round != 0) {
         if (frame - first >= static_cast<std::int64_t>(past.size())) return {};
         slots += at(--first).slot;
     }

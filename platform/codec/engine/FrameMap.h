@@ -14,7 +14,7 @@ namespace tonvale {
 
 // Where the ranges of frames of a layer III file begin, found by walking from header to header.
 struct FrameMap {
-    static constexpr std::int64_t kRangeFrames = 512;
+    static constexpr std::int64_t kRangeFrames = 128;
 
     struct Range {
         std::int64_t position; // in the file, of the frame that is fed first

@@ -19,10 +19,11 @@ class BitReader {
 public:
     explicit BitReader(Bytes bytes) : bytes_(bytes) {}
     std::uint32_t read(int count) {
+        const std::size_t end = position_ + static_cast<std::size_t>(count);
         std::uint32_t value = 0;
-        for (int i = 0; i < count; ++i, ++position_)
-            value = value << 1 | (bytes_[position_ / 8] >> (7 - position_ % 8) & 1U);
-        return value;
+        for (std::size_t i = position_ / 8; i < (end + 7) / 8; ++i) value = value << 8 | bytes_[i];
+        position_ = end;
+        return value >> (7 - (end + 7) % 8) & ((1U << count) - 1);
     }
     void skip(int count) { position_ += static_cast<std::size_t>(count); }
 

@@ -105,13 +105,16 @@ std::size_t FileDecoder::read(MutableBytes bytes, const std::stop_token &stop) {
 }
 
 FrameDecoder::FrameDecoder(SoundFormat format, Samples samples)
-    : handle_(makeHandle(kFlags | MPG123_IGNORE_INFOFRAME)) {
+    : bytesPerSample_(format.bytesPerSample() * (samples == Samples::Floats ? 2 : 1)),
+      handle_(makeHandle(kFlags | MPG123_IGNORE_INFOFRAME)) {
     mpg123_handle *handle = handle_.get();
     check(handle, mpg123_param(handle, MPG123_REMOVE_FLAGS, MPG123_GAPLESS, 0));
     const int encoding = samples == Samples::Floats ? MPG123_ENC_FLOAT_32 : MPG123_ENC_SIGNED_16;
     check(handle, mpg123_format2(handle, format.sampleRate, format.channels, encoding));
-    check(handle, mpg123_open_feed(handle));
+    restart();
 }
+
+void FrameDecoder::restart() { check(handle_.get(), mpg123_open_feed(handle_.get())); }
 
 void FrameDecoder::feed(Bytes bytes) { check(handle_.get(), mpg123_feed(handle_.get(), bytes.data(), bytes.size())); }
 

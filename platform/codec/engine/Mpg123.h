@@ -65,11 +65,15 @@ class FrameDecoder {
 public:
     enum class Samples { Integers, Floats }; // of 16 and of 32 bits
     FrameDecoder(SoundFormat format, Samples samples);
+    // Forgets what it has been given.
+    void restart();
+    [[nodiscard]] int bytesPerSample() const { return bytesPerSample_; }
     void feed(Bytes bytes);
     // The sound of the next frame; empty when more has to be fed first.
     [[nodiscard]] Bytes next();
 
 private:
+    int bytesPerSample_;
     Mpg123Handle handle_;
 };
 

@@ -51,9 +51,10 @@ private:
 };
 
 void RangeDecoder::work(const std::stop_token &stop) {
+    FrameDecoder decoder(context_.format, FrameDecoder::Samples::Integers);
     for (std::size_t i = nextRange_++; i < context_.map.ranges.size(); i = nextRange_++) {
         if (stop.stop_requested() || isDoubtful_) return;
-        decode(i, stop);
+        decode(i, decoder, stop);
     }
 }
 
@@ -63,30 +64,30 @@ bool RangeDecoder::endsSilent(Bytes sound) const {
     return std::ranges::all_of(sound.last(sound.size() / granules), [](std::uint8_t byte) { return byte == 0; });
 }
 
-void RangeDecoder::decode(std::size_t range, const std::stop_token &stop) {
+void RangeDecoder::decode(std::size_t range, FrameDecoder &decoder, const std::stop_token &stop) {
     const std::int64_t begin = context_.map.begin(range);
     Output output(*this, begin * context_.map.header.samples());
     std::set<std::int64_t> silent;
-    decodeFrames(range, FrameDecoder::Samples::Integers, stop, [&](const Frame &frame) {
+    decodeFrames(range, decoder, stop, [&](const Frame &frame) {
         if (frame.hasData && endsSilent(frame.sound)) silent.insert(frame.number);
         if (frame.number >= begin) output.add(frame.sound);
     });
     output.write();
     if (silent.empty()) return;
     // Sound may just be too faint for these samples. Finer ones tell it from none.
-    decodeFrames(range, FrameDecoder::Samples::Floats, stop, [&](const Frame &frame) {
+    FrameDecoder finer(context_.format, FrameDecoder::Samples::Floats);
+    decodeFrames(range, finer, stop, [&](const Frame &frame) {
         if (silent.contains(frame.number) && endsSilent(frame.sound)) isDoubtful_ = true;
     });
 }
 
-void RangeDecoder::decodeFrames(std::size_t range, FrameDecoder::Samples samples, const std::stop_token &stop,
+void RangeDecoder::decodeFrames(std::size_t range, FrameDecoder &decoder, const std::stop_token &stop,
                                 const std::function<void(const Frame &frame)> &take) {
     const FrameMap &map = context_.map;
     const FrameMap::Range &start = map.ranges[range];
-    const int sampleSize = context_.format.bytesPerSample() * (samples == FrameDecoder::Samples::Floats ? 2 : 1);
-    const auto frameSize = static_cast<std::size_t>(map.header.samples() * sampleSize);
+    const auto frameSize = static_cast<std::size_t>(map.header.samples() * decoder.bytesPerSample());
     FrameReader reader(context_.source, start.position);
-    FrameDecoder decoder(context_.format, samples);
+    decoder.restart();
     std::deque<bool> hasData; // of the frames that are fed and have not come back
     std::int64_t fed = start.fedFirst, decoded = start.fedFirst;
     for (int available = 0; decoded < map.end(range) && !isDoubtful_ && !stop.stop_requested();) {

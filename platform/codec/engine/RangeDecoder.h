@@ -45,8 +45,8 @@ private:
         bool hasData; // bits that describe sound
         Bytes sound;
     };
-    void decode(std::size_t range, const std::stop_token &stop);
-    void decodeFrames(std::size_t range, FrameDecoder::Samples samples, const std::stop_token &stop,
+    void decode(std::size_t range, FrameDecoder &decoder, const std::stop_token &stop);
+    void decodeFrames(std::size_t range, FrameDecoder &decoder, const std::stop_token &stop,
                       const std::function<void(const Frame &frame)> &take);
     [[nodiscard]] bool endsSilent(Bytes sound) const;
 

@@ -7,14 +7,17 @@
 #include "platform/machine/base/UniqueFd.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace tonvale {
 
-// A file that grows under a hidden name beside its target. It goes away unless it is published.
+// A file that grows beside its target, without a name where the file system can do this and under
+// a hidden one elsewhere. It goes away unless it is published.
 class OutputFile {
 public:
-    explicit OutputFile(std::string target);
+    enum class Growing { Nameless, Hidden };
+    explicit OutputFile(std::string target, Growing growing = Growing::Nameless);
     ~OutputFile();
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
@@ -30,10 +33,13 @@ public:
     void publish(std::int64_t size);
 
 private:
-    void make();
+    [[nodiscard]] bool makeNameless();
+    void makeHidden();
+    void giveName();
+    [[nodiscard]] bool takeName(const std::function<bool(const char *name)> &take);
 
     std::string target_;
-    std::string name_; // empty once published
+    std::string name_; // empty while there is none, and once published
     UniqueFd file_;
 };
 

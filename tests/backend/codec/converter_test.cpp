@@ -66,7 +66,7 @@ TEST_P(Converter, RunsToTheEnd) {
     Converting converting(loop, GetParam(), 2);
     EXPECT_EQ(converting.length(), 0);
     ASSERT_EQ(converting.open(makeSource(60), target()), 0);
-    EXPECT_EQ(files(), (std::vector<std::string>{files()[0], "source"}));
+    EXPECT_EQ(files(), std::vector<std::string>{"source"});
     converting.start();
     EXPECT_GT(converting.length(), 0);
     const std::int32_t length = converting.length();
@@ -168,7 +168,6 @@ TEST_P(Converter, MayBeOpenedAndNotStarted) {
     {
         Converting converting(loop, GetParam(), 2);
         ASSERT_EQ(converting.open(makeSource(5), target()), 0);
-        EXPECT_EQ(files().size(), 2U);
     }
     EXPECT_EQ(files(), std::vector<std::string>{"source"});
 }

@@ -4,56 +4,38 @@
 #include "platform/media/MediaModule.h"
 
 #include "controls/Errors.h"
+#include "platform/machine/base/Module.h"
 #include "platform/media/ModuleEntry.h"
 
-#include <dlfcn.h>
-
-#include <array>
 #include <utility>
 
 namespace tonvale {
 
 namespace {
 
-constexpr const char *kModuleName = "/tonvale-media.so";
-constexpr std::array kPlaces{"", "/../lib/tonvale"};
+constexpr const char *kModule = "tonvale-media.so";
 
-// The module is never closed: its libraries leave threads and exit handlers behind.
-void *loadModule(const std::string &programDirectory) {
-    std::string reason;
-    for (const char *place : kPlaces) {
-        const std::string file = programDirectory + place + kModuleName;
-        if (void *module = dlopen(file.c_str(), RTLD_LAZY | RTLD_LOCAL)) return module;
-        const char *error = dlerror();
-        if (reason.empty() && error) reason = error;
-    }
-    throw RuntimeError(ErrorNumber::CantCreateObject, "The media engine cannot be loaded: " + reason);
-}
-
-MakeMediaEngine *entryOf(void *module) {
-    auto *entry = reinterpret_cast<MakeMediaEngine *>(dlsym(module, kMakeMediaEngineSymbol));
-    if (!entry) throw RuntimeError(ErrorNumber::CantCreateObject, "The media engine is of another version");
-    return entry;
+MakeMediaEngine *entry(const std::string &programDirectory) {
+    return reinterpret_cast<MakeMediaEngine *>(symbolOfModule(kModule, kMakeMediaEngineSymbol, programDirectory));
 }
 
 } // namespace
 
 MediaEngineFactory makeMediaEngineFactory(EventLoop &loop, std::string programDirectory, FileFinder find) {
     return [&loop, directory = std::move(programDirectory), find = std::move(find)](MediaEngine::Callbacks callbacks) {
+        auto *make = entry(directory);
+        if (make == nullptr)
+            throw RuntimeError(ErrorNumber::CantCreateObject,
+                               std::string("The media engine cannot be loaded: ") + kModule);
         std::unique_ptr<MediaEngine> engine;
-        entryOf(loadModule(directory))(loop, callbacks, find, engine);
+        make(loop, callbacks, find, engine);
         return engine;
     };
 }
 
 std::jthread preloadMediaModule(std::string programDirectory) {
-    return std::jthread([directory = std::move(programDirectory)] {
-        try {
-            loadModule(directory);
-        } catch (const RuntimeError &) {
-            // Reported when an engine is asked for.
-        }
-    });
+    // A failure comes again when an engine is asked for.
+    return std::jthread([directory = std::move(programDirectory)] { (void)entry(directory); });
 }
 
 } // namespace tonvale

@@ -14,7 +14,7 @@ namespace tonvale {
 
 // The engines come from a shared module that is loaded with the first of them, so that a program
 // that plays nothing never maps the decoders. It lies in `programDirectory` or, installed, in
-// ../lib/tonvale from there. Without it, making an engine throws error 429.
+// ../lib/orvane-tonvale from there. Without it, making an engine throws error 429.
 //
 // `find` says what a path is called on disk; without it, paths are taken as they are.
 //

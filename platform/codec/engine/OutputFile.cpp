@@ -10,68 +10,16 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <cstdio>
-#include <utility>
 
 namespace tonvale {
 
-namespace {
-
-constexpr int kMostLeftovers = 1000;
-constexpr mode_t kNewFile = 0666;
-constexpr const char *kOpenFiles = "/proc/self/fd/";
-
-std::string directoryOf(const std::string &path) {
-    const std::size_t end = path.rfind('/') + 1;
-    return end == 0 ? "./" : path.substr(0, end);
-}
-
-} // namespace
-
-OutputFile::OutputFile(std::string target, Growing growing) : target_(std::move(target)) {
+OutputFile::OutputFile(const std::string &target) {
     struct stat status {};
-    if (target_.empty()) throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
-    if (::stat(target_.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
+    if (target.empty()) throw RuntimeError(ErrorNumber::BadFileNameOrNumber);
+    if (::stat(target.c_str(), &status) == 0 && !S_ISREG(status.st_mode))
         throw RuntimeError(ErrorNumber::PathFileAccessError);
-    if (growing == Growing::Hidden || !makeNameless()) makeHidden();
-}
-
-OutputFile::~OutputFile() {
-    if (!name_.empty()) (void)::unlink(name_.c_str());
-}
-
-// Whatever ends the program, nothing is left of such a file.
-bool OutputFile::makeNameless() {
-    if (::access(kOpenFiles, X_OK) != 0) return false;
-    file_.reset(::open(directoryOf(target_).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kNewFile));
-    return static_cast<bool>(file_);
-}
-
-void OutputFile::makeHidden() {
-    const bool isMade = takeName([this](const char *name) {
-        file_.reset(::open(name, O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, kNewFile));
-        return static_cast<bool>(file_);
-    });
-    if (isMade) return;
-    throw errno == ENOENT ? RuntimeError(ErrorNumber::PathNotFound) : systemError(errno);
-}
-
-void OutputFile::giveName() {
-    const std::string file = std::string(kOpenFiles) + std::to_string(file_.get());
-    const bool isNamed = takeName(
-        [&](const char *name) { return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0; });
-    if (!isNamed) throw systemError(errno);
-}
-
-// Tries names until one is free; false, and why in errno, if there is another reason.
-bool OutputFile::takeName(const std::function<bool(const char *name)> &take) {
-    for (int i = 0; i < kMostLeftovers; ++i) {
-        name_ = directoryOf(target_) + ".tonvale-" + std::to_string(::getpid()) + "-" + std::to_string(i);
-        if (take(name_.c_str())) return true;
-        if (errno != EEXIST) break;
-    }
-    name_.clear();
-    return false;
+    if (const int error = file_.make(target))
+        throw error == ENOENT ? RuntimeError(ErrorNumber::PathNotFound) : systemError(error);
 }
 
 void OutputFile::reserve(std::int64_t size) const {
@@ -84,11 +32,7 @@ void OutputFile::reserve(std::int64_t size) const {
 
 void OutputFile::publish(std::int64_t size) {
     if (::ftruncate(file_.get(), size) != 0) throw systemError(errno);
-    if (name_.empty()) giveName();
-    // Some file systems report at the end what could not be written.
-    if (::close(file_.release()) != 0) throw systemError(errno);
-    if (::rename(name_.c_str(), target_.c_str()) != 0) throw systemError(errno);
-    name_.clear();
+    if (const int error = file_.publish()) throw systemError(error);
 }
 
 } // namespace tonvale

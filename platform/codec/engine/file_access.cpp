@@ -6,7 +6,6 @@
 #include "controls/Errors.h"
 #include "platform/machine/base/SystemErrors.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -24,29 +23,17 @@ struct stat statusOf(int file) {
 } // namespace
 
 UniqueFd openSource(const std::string &path, const std::string &target) {
-    UniqueFd file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file) throw systemError(errno);
+    UniqueFd file;
+    if (const int error = openRegularFile(path, file)) throw systemError(error);
     const struct stat status = statusOf(file.get());
     struct stat other {};
     const bool isTarget =
         ::stat(target.c_str(), &other) == 0 && status.st_dev == other.st_dev && status.st_ino == other.st_ino;
-    if (isTarget || !S_ISREG(status.st_mode)) throw RuntimeError(ErrorNumber::PathFileAccessError);
+    if (isTarget) throw RuntimeError(ErrorNumber::PathFileAccessError);
     return file;
 }
 
 std::int64_t fileSize(int file) { return statusOf(file).st_size; }
-
-std::size_t readAt(int file, std::int64_t position, MutableBytes bytes) {
-    std::size_t done = 0;
-    while (done < bytes.size()) {
-        const MutableBytes rest = bytes.subspan(done);
-        const ssize_t count = ::pread(file, rest.data(), rest.size(), position + static_cast<std::int64_t>(done));
-        if (count < 0 && errno != EINTR) throw systemError(errno);
-        if (count == 0) break;
-        if (count > 0) done += static_cast<std::size_t>(count);
-    }
-    return done;
-}
 
 void writeAt(int file, std::int64_t position, Bytes bytes) {
     while (!bytes.empty()) {

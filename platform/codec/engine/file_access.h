@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "platform/machine/base/UniqueFd.h"
+#include "platform/machine/base/RegularFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,9 +19,7 @@ using MutableBytes = std::span<std::uint8_t>;
 [[nodiscard]] UniqueFd openSource(const std::string &path, const std::string &target = {});
 [[nodiscard]] std::int64_t fileSize(int file);
 
-// Both work at a place of their own, so that any number of threads may use one file. Reading ends
-// early at the end of the file only.
-[[nodiscard]] std::size_t readAt(int file, std::int64_t position, MutableBytes bytes);
+// Works at a place of its own, as readAt() does, so that any number of threads may use one file.
 void writeAt(int file, std::int64_t position, Bytes bytes);
 
 } // namespace tonvale

@@ -4,7 +4,7 @@
 #include "platform/machine/files/DirectoryFiles.h"
 
 #include "controls/Text.h"
-#include "platform/machine/files/Directory.h"
+#include "platform/machine/base/Directory.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -3,7 +3,7 @@
 
 #include "platform/machine/files/FileReplacement.h"
 
-#include "platform/machine/base/UniqueFd.h"
+#include "platform/machine/base/NewFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,17 +11,13 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdio>
 
 namespace tonvale {
 
 namespace {
 
 constexpr int kLongestChain = 40; // of links, as the system itself follows them
-constexpr int kMostLeftovers = 100;
-constexpr mode_t kNewFile = 0666, kPermissions = 07777;
-
-std::string directoryOf(const std::string &path) { return path.substr(0, path.rfind('/') + 1); }
+constexpr mode_t kPermissions = 07777;
 
 // Where a chain of links ends, whether or not something is there.
 int followLinks(std::string &path) {
@@ -35,46 +31,21 @@ int followLinks(std::string &path) {
     return ELOOP;
 }
 
-// A file beside the one to be replaced, which goes away unless it takes that one's place.
-class NewFile {
-public:
-    ~NewFile() {
-        if (!name_.empty()) (void)::unlink(name_.c_str());
-    }
-    int make(const std::string &directory) {
-        for (int i = 0; i < kMostLeftovers; ++i) {
-            const std::string name = directory + ".tonvale-" + std::to_string(::getpid()) + "-" + std::to_string(i);
-            file_.reset(::open(name.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kNewFile));
-            if (file_) name_ = name;
-            if (file_ || errno != EEXIST) break;
-        }
-        return file_ ? 0 : errno;
-    }
-    // Whoever may read the old file may read the new one; only a group of which this user is no
-    // member cannot be given.
-    int takePermissions(const struct stat &old) {
-        (void)!::fchown(file_.get(), static_cast<uid_t>(-1), old.st_gid);
-        return ::fchmod(file_.get(), old.st_mode & kPermissions) == 0 ? 0 : errno;
-    }
-    int write(std::string_view content) {
-        while (!content.empty()) {
-            const ssize_t count = ::write(file_.get(), content.data(), content.size());
-            if (count < 0 && errno != EINTR) return errno;
-            if (count > 0) content.remove_prefix(static_cast<std::size_t>(count));
-        }
-        return ::fsync(file_.get()) == 0 ? 0 : errno;
-    }
-    int moveTo(const std::string &path) {
-        if (::close(file_.release()) != 0) return errno;
-        if (::rename(name_.c_str(), path.c_str()) != 0) return errno;
-        name_.clear();
-        return 0;
-    }
+// Whoever may read the old file may read the new one; only a group of which this user is no member
+// cannot be given.
+int takePermissions(const NewFile &file, const struct stat &old) {
+    (void)!::fchown(file.get(), static_cast<uid_t>(-1), old.st_gid);
+    return ::fchmod(file.get(), old.st_mode & kPermissions) == 0 ? 0 : errno;
+}
 
-private:
-    UniqueFd file_;
-    std::string name_;
-};
+int write(const NewFile &file, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t count = ::write(file.get(), content.data(), content.size());
+        if (count < 0 && errno != EINTR) return errno;
+        if (count > 0) content.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return ::fsync(file.get()) == 0 ? 0 : errno;
+}
 
 // The file may be replaced: it is a plain one, and this user may write to it.
 int checkReplaceable(const std::string &path, const struct stat &status) {
@@ -85,7 +56,7 @@ int checkReplaceable(const std::string &path, const struct stat &status) {
 // A power cut must not bring the old name back. Not every file system can do this, and the file
 // is whole in any case.
 void syncDirectory(const std::string &directory) {
-    const UniqueFd opened(::open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const UniqueFd opened(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (opened) (void)!::fsync(opened.get());
 }
 
@@ -98,13 +69,12 @@ int replaceFileContent(std::string path, std::string_view content) {
     if (!exists && errno != ENOENT) return errno;
     if (exists)
         if (const int error = checkReplaceable(path, old)) return error;
-    const std::string directory = directoryOf(path);
     NewFile file;
-    int error = file.make(directory);
-    if (error == 0 && exists) error = file.takePermissions(old);
-    if (error == 0) error = file.write(content);
-    if (error == 0) error = file.moveTo(path);
-    if (error == 0) syncDirectory(directory);
+    int error = file.make(path);
+    if (error == 0 && exists) error = takePermissions(file, old);
+    if (error == 0) error = write(file, content);
+    if (error == 0) error = file.publish();
+    if (error == 0) syncDirectory(directoryOf(path));
     return error;
 }
 

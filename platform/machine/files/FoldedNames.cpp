@@ -4,7 +4,7 @@
 #include "platform/machine/files/FoldedNames.h"
 
 #include "controls/Text.h"
-#include "platform/machine/files/Directory.h"
+#include "platform/machine/base/Directory.h"
 
 #include <sys/stat.h>
 

@@ -4,6 +4,7 @@
 #include "platform/machine/files/PosixFileService.h"
 
 #include "platform/machine/base/Directories.h"
+#include "platform/machine/base/RegularFile.h"
 #include "platform/machine/base/SystemErrors.h"
 #include "platform/machine/files/DirectoryFiles.h"
 #include "platform/machine/files/FileReplacement.h"
@@ -66,10 +67,6 @@ std::string newName(const std::string &path) {
     return separator == std::string::npos ? path : findFolded(path.substr(0, separator)) + path.substr(separator);
 }
 
-void requireRegular(const struct stat &status) {
-    if (!S_ISREG(status.st_mode)) throw RuntimeError(ErrorNumber::PathFileAccessError);
-}
-
 } // namespace
 
 std::string PosixFileService::find(const std::string &path) { return findFolded(path); }
@@ -122,15 +119,8 @@ void PosixFileService::clearAttributes(const std::string &path) {
 
 std::unique_ptr<LineReader> PosixFileService::openLines(const std::string &path) {
     const std::string name = existingName(path);
-    struct stat status {};
-    // Looked at before: a device, or whoever writes to a pipe, would notice that it is opened.
-    if (::stat(name.c_str(), &status) != 0) throw errorAt(name, errno);
-    requireRegular(status);
-    // Not blocking: by now the name may be that of a pipe, and this must not hang.
-    UniqueFd file(::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file) throw errorAt(name, errno);
-    if (::fstat(file.get(), &status) != 0) throw systemError(errno);
-    requireRegular(status);
+    UniqueFd file;
+    if (const int error = openRegularFile(name, file)) throw errorAt(name, error);
     return std::make_unique<PosixLineReader>(std::move(file));
 }
 

@@ -4,10 +4,10 @@
 #include "platform/machine/instances/Rendezvous.h"
 
 #include "platform/machine/base/Directories.h"
+#include "platform/machine/base/Directory.h"
 #include "platform/machine/base/SystemErrors.h"
 #include "platform/machine/instances/Protocol.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/socket.h>
@@ -18,7 +18,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <ctime>
-#include <memory>
 #include <string_view>
 #include <thread>
 
@@ -32,10 +31,6 @@ constexpr int kBacklog = 64;
 constexpr const char *kTurnFile = "opening.lock";
 constexpr std::chrono::milliseconds kTurnPoll{10};
 constexpr timeval kLongestConnect{2, 0};
-
-struct CloseDirectory {
-    void operator()(DIR *directory) const { (void)::closedir(directory); }
-};
 
 UniqueFd makeSocket() {
     UniqueFd socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
@@ -72,7 +67,7 @@ Rendezvous::Rendezvous() : directory_(openPrivateDirectory(runtimeDirectory())) 
 
 std::vector<Address> Rendezvous::all() const {
     std::vector<Address> result;
-    const std::unique_ptr<DIR, CloseDirectory> entries(::opendir(pathOf(".").c_str()));
+    const Directory entries(::opendir(pathOf(".").c_str()));
     if (!entries) throw systemError(errno);
     while (const dirent *entry = ::readdir(entries.get()))
         if (Address address = addressOf(entry->d_name); address.process != 0) result.push_back(std::move(address));

@@ -4,12 +4,12 @@
 #include "platform/media/engine/MediaSource.h"
 
 #include "controls/Errors.h"
-#include "platform/media/engine/FileDescriptor.h"
+#include "platform/machine/base/RegularFile.h"
+#include "platform/machine/base/SystemErrors.h"
 #include "platform/media/engine/MidiSong.h"
 #include "platform/media/engine/MidiSource.h"
 #include "platform/media/engine/measured_duration.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -24,35 +24,6 @@ namespace {
 
 constexpr std::int64_t kLargestMidiFile = 32 * 1024 * 1024;
 
-[[noreturn]] void throwErrno(int error) {
-    switch (error) {
-    case ENOENT: throw RuntimeError(ErrorNumber::FileNotFound);
-    case ENOTDIR: throw RuntimeError(ErrorNumber::PathNotFound);
-    case EACCES:
-    case EPERM: throw RuntimeError(ErrorNumber::PermissionDenied);
-    case EIO: throw RuntimeError(ErrorNumber::DeviceIOError);
-    default: throw RuntimeError(ErrorNumber::PathFileAccessError);
-    }
-}
-
-void requireRegular(const struct stat &status) {
-    if (!S_ISREG(status.st_mode)) throw RuntimeError(ErrorNumber::PathFileAccessError);
-}
-
-// Looked at before it is opened, since opening alone makes some devices do things, and after it,
-// since the name may stand for something else by then.
-std::pair<FileDescriptor, std::int64_t> openRegular(const std::string &path) {
-    if (path.empty() || path.find('\0') != std::string::npos) throw RuntimeError(ErrorNumber::FileNotFound);
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) throwErrno(errno);
-    requireRegular(status);
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    if (file.get() < 0) throwErrno(errno);
-    if (::fstat(file.get(), &status) != 0) throwErrno(errno);
-    requireRegular(status);
-    return {std::move(file), status.st_size};
-}
-
 std::string plainExtension(const std::string &path) {
     constexpr std::size_t kLongest = 8;
     const std::size_t dot = path.find_last_of("./");
@@ -66,7 +37,7 @@ std::string plainExtension(const std::string &path) {
 
 class FileSource final : public MediaSource {
 public:
-    FileSource(FileDescriptor file, std::int64_t size, std::string extension)
+    FileSource(UniqueFd file, std::int64_t size, std::string extension)
         : file_(std::move(file)), size_(size), extension_(std::move(extension)) {}
 
     [[nodiscard]] std::int64_t size() const override { return size_; }
@@ -86,29 +57,30 @@ public:
     [[nodiscard]] std::string extension() const override { return extension_; }
 
 private:
-    FileDescriptor file_;
+    UniqueFd file_;
     std::int64_t size_;
     std::int64_t offset_ = 0;
     std::string extension_;
 };
 
-std::vector<std::byte> readStart(const FileDescriptor &file, std::size_t length) {
+std::vector<std::byte> readStart(const UniqueFd &file, std::size_t length) {
     std::vector<std::byte> data(length);
-    std::size_t filled = 0;
-    while (filled < length) {
-        const ssize_t count = ::pread(file.get(), data.data() + filled, length - filled, static_cast<off_t>(filled));
-        if (count < 0) throwErrno(errno);
-        if (count == 0) break;
-        filled += static_cast<std::size_t>(count);
-    }
-    data.resize(filled);
+    data.resize(readAt(file.get(), 0, {reinterpret_cast<std::uint8_t *>(data.data()), data.size()}));
     return data;
+}
+
+std::int64_t sizeOf(const UniqueFd &file) {
+    struct stat status {};
+    if (::fstat(file.get(), &status) != 0) throw systemError(errno);
+    return status.st_size;
 }
 
 } // namespace
 
 std::shared_ptr<MediaSource> openMediaSource(const std::string &path) {
-    auto [file, size] = openRegular(path);
+    UniqueFd file;
+    if (const int error = openRegularFile(path, file)) throw systemError(error);
+    const std::int64_t size = sizeOf(file);
     if (looksLikeMidi(readStart(file, kMidiSignatureLength))) {
         if (size > kLargestMidiFile) throw RuntimeError(ErrorNumber::AutomationError, "The MIDI file is too large");
         return std::make_shared<MidiSource>(readStart(file, static_cast<std::size_t>(size)));

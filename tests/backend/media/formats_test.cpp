@@ -105,8 +105,8 @@ TEST_F(ModuleTest, MissingModuleIsAnErrorWithAReason) {
 
 TEST_F(ModuleTest, IsFoundWhereItIsInstalled) {
     std::filesystem::create_directories(scratch / "bin");
-    std::filesystem::create_directories(scratch / "lib/tonvale");
-    std::filesystem::copy(MODULE_DIRECTORY "/tonvale-media.so", scratch / "lib/tonvale");
+    std::filesystem::create_directories(scratch / "lib/orvane-tonvale");
+    std::filesystem::copy(MODULE_DIRECTORY "/tonvale-media.so", scratch / "lib/orvane-tonvale");
     EXPECT_TRUE(makeMediaEngineFactory(loop, scratch / "bin")({}));
 }
 

@@ -3,7 +3,7 @@
 
 #include "app/InstanceWindows.h"
 
-#include "platform/machine/instances/Protocol.h"
+#include "core/WindowSearch.h"
 
 namespace tonvale {
 
@@ -15,7 +15,7 @@ void InstanceWindows::watch(Forms &forms) {
 
 std::vector<WindowInfo> InstanceWindows::list() const {
     std::vector<WindowInfo> list;
-    for (const auto &[handle, form] : windows_) list.push_back({handle, instances::kWindowClass, form->Caption});
+    for (const auto &[handle, form] : windows_) list.push_back({handle, kFormClass, form->Caption});
     return list;
 }
 

@@ -8,6 +8,7 @@
 #include "cd/register.h"
 #include "controls/Errors.h"
 #include "core/Main.h"
+#include "core/batch_converter.h"
 #include "desktop/register.h"
 #include "platform/codec/codec_controls.h"
 #include "platform/machine/base/Directories.h"
@@ -26,9 +27,6 @@
 namespace tonvale {
 
 namespace {
-
-// What the batch converter's window calls itself.
-constexpr const char *kBatchConverterTitle = "WAV Batch Converter";
 
 void logSkipped(const ErrObject &error) {
     static const QLoggingCategory category("tonvale.skipped", QtWarningMsg);
@@ -94,7 +92,7 @@ std::unique_ptr<InstanceServer> Program::listen() {
 
 std::vector<CompanionWindows::Companion> Program::companions() {
     std::vector<CompanionWindows::Companion> list;
-    for (const std::uint64_t process : desktop_.batchConverters()) list.push_back({process, kBatchConverterTitle});
+    for (const std::uint64_t process : desktop_.batchConverters()) list.push_back({process, batch_converter::kTitle});
     return list;
 }
 

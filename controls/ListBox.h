@@ -18,7 +18,7 @@ namespace tonvale {
 // Structural changes are announced before and after they happen, so that a view can follow them.
 class ListBox : public Control {
 public:
-    Event<> Click, DblClick, GotFocus;
+    Event<> Click, GotFocus;
     Event<std::int16_t, double, double> MouseMove, MouseUp;               // button, x, y (twips)
     Signal<std::size_t, std::size_t> rowsAboutToBeInserted, rowsInserted; // first row, how many
     Signal<std::size_t, std::size_t> rowsAboutToBeRemoved, rowsRemoved;

@@ -136,10 +136,12 @@ struct OpenFileName {
 
 inline constexpr std::int32_t kDialogOverwritePrompt = 0x2;
 inline constexpr std::int32_t kDialogHideReadOnly = 0x4;
+inline constexpr std::int32_t kDialogNoChangeDir = 0x8;
 inline constexpr std::int32_t kDialogAllowMultiselect = 0x200;
 inline constexpr std::int32_t kDialogPathMustExist = 0x800;
 inline constexpr std::int32_t kDialogFileMustExist = 0x1000;
 inline constexpr std::int32_t kDialogExplorer = 0x80000;
+inline constexpr std::int32_t kDialogLongNames = 0x200000;
 
 class FileDialogs {
 public:

@@ -12,8 +12,9 @@
 namespace tonvale {
 
 inline constexpr WindowHandle kDesktopWindow = 0;
-// The class of all windows of this family's programs.
+// The classes of the windows of this family's programs, and that of our own.
 inline constexpr const char *kFormClassPattern = "Thunder*Form*";
+inline constexpr const char *kFormClass = "ThunderFormWindow";
 
 enum class SearchFor { All, FirstOnly };
 

@@ -16,7 +16,8 @@ namespace tonvale {
 
 namespace {
 
-constexpr std::int32_t kAddFlags = 2628108; // several names, all of which exist
+constexpr std::int32_t kAddFlags = kDialogLongNames | kDialogExplorer | kDialogFileMustExist | kDialogPathMustExist |
+                                   kDialogAllowMultiselect | kDialogNoChangeDir | kDialogHideReadOnly;
 constexpr std::int32_t kAddCapacity = 8096; // bytes
 constexpr std::int32_t kTwips = static_cast<std::int32_t>(kTwipsPerPixel);
 constexpr std::int32_t kExtentMargin = 20; // pixels

@@ -7,6 +7,7 @@
 #include "controls/Text.h"
 #include "core/Main.h"
 #include "core/WindowSearch.h"
+#include "core/batch_converter.h"
 #include "core/setting_keys.h"
 #include "desktop/Settings.h"
 #include "desktop/StayOnTop.h"
@@ -27,7 +28,6 @@ constexpr const char *kPositionsPath = "SOFTWARE\\FMS\\Test CFormPos";
 constexpr const char *kRecentFilesPath = "SOFTWARE\\Orvane Tonvale\\MRU";
 constexpr const char *kPlaylistDescription = "Orvane Tonvale PlayList File";
 constexpr const char *kLeftoverProgram = "qlv.Exe";
-constexpr const char *kBatchConverterTitle = "*WAV Batch Converter*";
 
 std::unique_ptr<CDReader> makeReader(Application &app) {
     auto reader = app.services.makeCDReader ? app.services.makeCDReader() : nullptr;
@@ -208,7 +208,8 @@ void Form1::Form_Unload(std::int16_t & /*cancel*/) {
 void Form1::closeBatchConverter() {
     attempt([&] {
         WindowSearch search(app_.services.windows);
-        search.FindWindowLike(kDesktopWindow, kFormClassPattern, kBatchConverterTitle, SearchFor::All);
+        const std::string title = std::string("*") + batch_converter::kTitle + "*";
+        search.FindWindowLike(kDesktopWindow, kFormClassPattern, title, SearchFor::All);
         for (const WindowInfo &window : search.found())
             attempt([&] { app_.services.windows.sendClose(window.handle); });
     });

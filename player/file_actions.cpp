@@ -5,6 +5,7 @@
 
 #include "controls/Numbers.h"
 #include "controls/Text.h"
+#include "core/batch_converter.h"
 #include "core/setting_keys.h"
 #include "core/vendor.h"
 #include "desktop/CShellExecute.h"
@@ -18,7 +19,6 @@ namespace {
 
 constexpr std::int32_t kShowNormal = 1, kShow = 5, kShowDefault = 10;
 constexpr std::int32_t kLastFailure = 32;
-constexpr const char *kBatchConverter = "kzr";
 
 constexpr const char *kNothingToDelete = "No file is currently loaded to delete.";
 constexpr const char *kHelpMissing =
@@ -168,7 +168,8 @@ void Form1::ClearMRUMenu_Click() {
 // ---- the batch converter ------------------------------------------------------------------------
 
 void Form1::WAVConvertMenu_Click() {
-    CShellExecute(app_).LaunchProgram(joinPath(app_.services.program.directory, kBatchConverter), "", "", kShowNormal);
+    CShellExecute(app_).LaunchProgram(joinPath(app_.services.program.directory, batch_converter::kProgram), "", "",
+                                      kShowNormal);
 }
 
 } // namespace tonvale

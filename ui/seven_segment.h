@@ -9,9 +9,7 @@ class QPainter;
 
 namespace tonvale {
 
-inline constexpr int kBlankDigit = -1;
-
-// One digit with its unlit segments faintly visible; kBlankDigit lights none.
+// One digit with its unlit segments faintly visible; what is no digit lights none.
 void paintDigit(QPainter &painter, const QRectF &area, int value);
 void paintColon(QPainter &painter, const QRectF &area);
 

@@ -3,6 +3,7 @@
 
 #include "platform/qt/CompanionWindows.h"
 
+#include "core/WindowSearch.h"
 #include "platform/qt/X11Windows.h"
 
 #include <unistd.h>
@@ -16,8 +17,6 @@ namespace {
 // Handles of instances leave these bits free.
 constexpr WindowHandle kX11Window = WindowHandle(1) << 63, kProcess = WindowHandle(1) << 62;
 constexpr WindowHandle kNumber = 0xFFFFFFFF;
-// Companions are of the same family as our own windows.
-constexpr const char *kWindowClass = "ThunderFormWindow";
 
 bool isOf(const X11Windows::Window &window, pid_t session) {
     return window.process > 0 && ::getsid(window.process) == session;
@@ -39,10 +38,10 @@ std::vector<WindowInfo> CompanionWindows::windows() {
         bool seen = false;
         for (const X11Windows::Window &window : shown) {
             if (!isOf(window, static_cast<pid_t>(companion.process))) continue;
-            result.push_back({kX11Window | window.id, kWindowClass, window.title});
+            result.push_back({kX11Window | window.id, kFormClass, window.title});
             seen = true;
         }
-        if (!seen) result.push_back({kProcess | companion.process, kWindowClass, companion.title});
+        if (!seen) result.push_back({kProcess | companion.process, kFormClass, companion.title});
     }
     return result;
 }

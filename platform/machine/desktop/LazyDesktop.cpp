@@ -4,20 +4,18 @@
 #include "platform/machine/desktop/LazyDesktop.h"
 
 #include "controls/Text.h"
+#include "core/batch_converter.h"
 #include "platform/machine/base/Module.h"
-
-#include <string_view>
 
 namespace tonvale {
 
 namespace {
 
 constexpr std::int32_t kNoAssociation = 31;
-constexpr std::string_view kBatchConverter = "kzr";
 
 bool isBatchConverter(const std::string &file) {
     const std::string name = lowerCase(file.substr(file.find_last_of('/') + 1));
-    return name.substr(0, name.rfind('.')) == kBatchConverter;
+    return name.substr(0, name.rfind('.')) == batch_converter::kProgram;
 }
 
 } // namespace

@@ -17,9 +17,6 @@
 
 namespace tonvale::instances {
 
-// The class that our windows are known by.
-inline constexpr const char *kWindowClass = "ThunderFormWindow";
-
 inline constexpr std::size_t kLongestPath = 8192; // without the quotes around it
 inline constexpr std::size_t kLongestPacket = 1 + 1 + kLongestPath + 1;
 inline constexpr std::size_t kMostWindows = 64;

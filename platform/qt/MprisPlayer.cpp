@@ -4,13 +4,14 @@
 #include "platform/qt/MprisPlayer.h"
 
 #include "controls/DisplayText.h"
+#include "core/file_address.h"
 #include "platform/qt/bus.h"
-#include "platform/qt/file_address.h"
 #include "platform/qt/mpris_interface.h"
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
+#include <QSysInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -247,7 +248,8 @@ QDBusMessage MprisPlayer::answerCommand(const QDBusMessage &message) {
 }
 
 QDBusMessage MprisPlayer::answerOpen(const QDBusMessage &message) {
-    const auto path = pathOfAddress(message.arguments().constFirst().toString().toStdString());
+    const std::string address = message.arguments().constFirst().toString().toStdString();
+    const auto path = pathOfAddress(address, QSysInfo::machineHostName().toStdString(), StraySigns::Refused);
     if (!path) return message.createErrorReply(QDBusError::NotSupported, QStringLiteral("Only files can be opened"));
     later([this, file = *path] { player_.open(file); });
     return message.createReply();

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/qt/MprisPlayer.h"
-#include "platform/qt/file_address.h"
 #include "tests/backend/qt/FakeService.h"
 #include "tests/backend/qt/Session.h"
 

@@ -98,7 +98,8 @@ std::size_t FileDecoder::read(MutableBytes bytes, const std::stop_token &stop) {
     std::size_t done = 0;
     while (done == 0) {
         const int result = mpg123_read(handle_.get(), bytes.data(), bytes.size(), &done);
-        if (result == MPG123_DONE) break;
+        // A stop looks like a file that is too short, which is an error.
+        if (result == MPG123_DONE || stop.stop_requested()) break;
         if (result != MPG123_OK && result != MPG123_NEW_FORMAT) fail(handle_.get());
     }
     return done;

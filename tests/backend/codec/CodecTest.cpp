@@ -74,7 +74,7 @@ std::string CodecTest::convert(Converting &converting, const std::string &source
     std::filesystem::remove(target);
     (void)converting.open(source, target);
     converting.start();
-    EXPECT_TRUE(loop.run([&] { return converting.hasEnded(); }, 100));
+    EXPECT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }, 100s));
     return exists(target) ? readFile(target) : "";
 }
 

@@ -51,7 +51,7 @@ protected:
     }
     std::string target() const { return path("target"); }
     bool isRunning(Converting &converting) {
-        return loop.run([&] { return converting.positions.size() > 2; });
+        return loop.runUntil([&] { return converting.positions.size() > 2; });
     }
     // What both write, as samples.
     std::vector<std::int16_t> heard() {
@@ -70,12 +70,12 @@ TEST_P(Converter, RunsToTheEnd) {
     converting.start();
     EXPECT_GT(converting.length(), 0);
     const std::int32_t length = converting.length();
-    ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }, 60));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }, 60s));
     EXPECT_EQ(converting.done, 1);
     EXPECT_TRUE(std::ranges::is_sorted(converting.positions));
     EXPECT_LE(converting.positions.back(), length);
     EXPECT_EQ(files(), (std::vector<std::string>{"source", "target"}));
-    EXPECT_FALSE(loop.run([&] { return converting.done > 1; }, 0));
+    EXPECT_FALSE(loop.runUntil([&] { return converting.done > 1; }, 20ms));
 }
 
 TEST_P(Converter, TellsOfItsProgress) {
@@ -83,7 +83,7 @@ TEST_P(Converter, TellsOfItsProgress) {
     ASSERT_EQ(converting.open(makeEndlessSource(), target()), 0);
     converting.start();
     const auto begin = std::chrono::steady_clock::now();
-    ASSERT_TRUE(loop.run([&] { return converting.positions.size() >= 12; }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.positions.size() >= 12; }));
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begin;
     EXPECT_LT(static_cast<double>(converting.positions.size()) / time.count(), 60);
     EXPECT_TRUE(std::ranges::is_sorted(converting.positions));
@@ -105,7 +105,7 @@ TEST_P(Converter, LeavesThePartThatWasDoneAtAStop) {
     Converting whole(loop, GetParam(), 2);
     ASSERT_EQ(whole.open(source_, target()), 0);
     whole.start();
-    ASSERT_TRUE(loop.run([&] { return whole.hasEnded(); }, 60));
+    ASSERT_TRUE(loop.runUntil([&] { return whole.hasEnded(); }, 60s));
     const auto all = heard();
     std::size_t parts = 0;
     for (int delay = 2; delay < 600; delay = delay * 3 / 2 + 3) {
@@ -150,7 +150,7 @@ TEST_P(Converter, StopsSoonAndSaysNothingMore) {
     EXPECT_EQ(converting.length(), 0);
     converting.stop();
     converting.start();
-    EXPECT_FALSE(loop.run([&] { return converting.hasEnded(); }, 0));
+    EXPECT_FALSE(loop.runUntil([&] { return converting.hasEnded(); }, 20ms));
 }
 
 TEST_P(Converter, GoesAwayInTheMiddle) {
@@ -178,7 +178,7 @@ TEST_P(Converter, TakesTheNextFileWhenOneHasEnded) {
     for (int i = 1; i <= 3; ++i) {
         ASSERT_EQ(converting.open(source_, target()), 0);
         converting.start();
-        ASSERT_TRUE(loop.run([&] { return converting.done == i; }));
+        ASSERT_TRUE(loop.runUntil([&] { return converting.done == i; }));
     }
 }
 
@@ -188,7 +188,7 @@ TEST_P(Converter, LeavesTheOldFileUntilTheNewOneIsThere) {
     ASSERT_EQ(converting.open(makeSource(30), target()), 0);
     converting.start();
     EXPECT_EQ(readFile(target()), "old");
-    ASSERT_TRUE(loop.run([&] { return converting.done == 1; }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.done == 1; }));
     EXPECT_GT(readFile(target()).size(), 1000U);
 }
 
@@ -200,7 +200,7 @@ TEST_P(Converter, NeverWritesOverItsSource) {
         Converting converting(loop, GetParam(), 2);
         EXPECT_EQ(converting.open(source, other), 75);
         converting.start();
-        ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }));
+        ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }));
     }
     EXPECT_EQ(readFile(source), before);
     EXPECT_EQ(files(), (std::vector<std::string>{"hard", "soft", "source"}));
@@ -223,10 +223,10 @@ TEST_P(Converter, RefusesPlacesWhereNothingCanBeWritten) {
 TEST_P(Converter, ReportsAStartWithoutAnOpenFile) {
     Converting converting(loop, GetParam(), 2);
     converting.start(); // nothing to report on
-    EXPECT_FALSE(loop.run([&] { return converting.hasEnded(); }, 0));
+    EXPECT_FALSE(loop.runUntil([&] { return converting.hasEnded(); }, 20ms));
     EXPECT_EQ(converting.open(path("missing"), target()), 53);
     converting.start();
-    ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }));
     EXPECT_EQ(converting.errors, GetParam() == Kind::Encoder ? std::vector{53} : std::vector<int>{});
 }
 
@@ -253,7 +253,7 @@ TEST_P(Converter, LeavesNothingWhenTheDiskIsFull) {
     Converting converting(loop, GetParam(), 2);
     ASSERT_EQ(converting.open(source_, target()), 0);
     converting.start();
-    ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }));
     EXPECT_EQ(converting.errors, GetParam() == Kind::Encoder ? std::vector{61} : std::vector<int>{});
     EXPECT_EQ(files(), std::vector<std::string>{"source"});
 }
@@ -276,7 +276,7 @@ TEST_P(Converter, NeedsTheSourceOnlyWhileItIsOpened) {
     ASSERT_EQ(converting.open(source_, target()), 0);
     converting.start();
     std::filesystem::remove(source_);
-    ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }));
     EXPECT_EQ(converting.errors.size(), 0U);
     EXPECT_EQ(files(), std::vector<std::string>{"target"});
 }
@@ -292,9 +292,9 @@ TEST_F(Encoding, FailsWhenItsSourceBecomesShorter) {
     Converting converting(loop, Kind::Encoder, 2);
     ASSERT_EQ(converting.open(source, path("target")), 0);
     converting.start();
-    ASSERT_TRUE(loop.run([&] { return converting.positions.size() > 2; }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.positions.size() > 2; }));
     std::filesystem::resize_file(source, 100);
-    ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }));
     EXPECT_EQ(converting.errors, std::vector{57});
     EXPECT_EQ(files(), std::vector<std::string>{"source"});
 }
@@ -307,7 +307,7 @@ TEST_F(Encoding, ReportsThatThePlaceHasGoneAtTheEnd) {
     ASSERT_EQ(converting.open(source, path("place/target")), 0);
     std::filesystem::remove_all(path("place"));
     converting.start();
-    ASSERT_TRUE(loop.run([&] { return converting.hasEnded(); }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.hasEnded(); }));
     EXPECT_EQ(converting.errors, std::vector{53});
 }
 

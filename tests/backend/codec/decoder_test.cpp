@@ -136,11 +136,32 @@ TEST_F(Decoder, StopsSoonAmidWhatIsNotMusic) {
     Converting converting(loop, Converting::Kind::Decoder, 2);
     ASSERT_EQ(converting.open(file, path("out.wav")), 0);
     converting.start();
-    ASSERT_TRUE(loop.run([&] { return converting.positions.size() > 4; }));
+    ASSERT_TRUE(loop.runUntil([&] { return converting.positions.size() > 4; }));
     const auto begin = std::chrono::steady_clock::now();
     converting.stop();
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
     EXPECT_NEAR(static_cast<double>(samplesOf(readFile(path("out.wav"))).size()), static_cast<double>(length), 10000);
+}
+
+TEST_F(Decoder, LeavesThePartOfAFlawedFileAtAStop) {
+    const std::string music = readFile(lame("--freeformat -b 600 -t", {}, 30));
+    std::string flawed;
+    for (int i = 0; i < 20; ++i) flawed += music + std::string(100, 'x');
+    const std::string file = write("flawed.mp3", flawed), all = samplesOf(decode(file));
+    for (const std::int32_t position : {1, 100, 200, 300, 500, 700, 1000, 1300, 1600, 2000}) {
+        std::filesystem::remove(path("out.wav"));
+        Converting converting(loop, Converting::Kind::Decoder, 2);
+        ASSERT_EQ(converting.open(file, path("out.wav")), 0);
+        converting.start();
+        ASSERT_TRUE(loop.runUntil(
+            [&] { return !converting.positions.empty() && converting.positions.back() >= position; }, 60s));
+        converting.stop();
+        ASSERT_TRUE(exists(path("out.wav"))) << position;
+        const std::string part = samplesOf(readFile(path("out.wav")));
+        EXPECT_GT(part.size(), 0U);
+        EXPECT_LT(part.size(), all.size());
+        EXPECT_TRUE(all.starts_with(part)) << position;
+    }
 }
 
 TEST_F(Decoder, SurvivesDamagedFrames) {
@@ -207,7 +228,7 @@ TEST_F(Decoder, LeavesNothingOfWhatIsNoMusic) {
         Converting converting(loop, Converting::Kind::Decoder, 2);
         EXPECT_NE(converting.open(file, path("text.wav")), 0);
         converting.start();
-        EXPECT_TRUE(loop.run([&] { return converting.done == 1; }));
+        EXPECT_TRUE(loop.runUntil([&] { return converting.done == 1; }));
         EXPECT_EQ(files(), std::vector<std::string>{"text.mp3"});
     }
 }

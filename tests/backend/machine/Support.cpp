@@ -22,6 +22,16 @@ namespace tonvale::test {
 namespace {
 
 constexpr std::chrono::milliseconds kLookAgain{2};
+constexpr unsigned kNobody = 65534;
+
+// So that its owner can remove what is in it.
+void openDirectoriesBelow(const std::string &path) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    fs::permissions(path, fs::perms::owner_all, error);
+    for (fs::recursive_directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error))
+        if (fs::is_directory(entry->symlink_status(error))) fs::permissions(entry->path(), fs::perms::owner_all, error);
+}
 
 } // namespace
 
@@ -43,6 +53,7 @@ ScratchHome::ScratchHome() {
 
 ScratchHome::~ScratchHome() {
     std::error_code ignored;
+    openDirectoriesBelow(path_);
     std::filesystem::remove_all(path_, ignored);
 }
 
@@ -114,6 +125,14 @@ void Child::kill() {
     if (::waitpid(id_, &status, 0) == id_) status_ = status;
 }
 
+int asNobody(const std::function<int()> &run) {
+    return Child([&] {
+               if (::geteuid() == 0 && (::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)) return 98;
+               return run();
+           })
+        .exitCode();
+}
+
 Pipe::Pipe() {
     if (::pipe(ends_) != 0) throw std::runtime_error("pipe");
 }
@@ -131,41 +150,6 @@ char Pipe::receive() const {
     char byte = 0;
     if (::poll(&ready, 1, 30000) != 1 || ::read(ends_[0], &byte, 1) != 1) return 0;
     return byte;
-}
-
-void TestLoop::post(Callback callback) {
-    const std::lock_guard lock(mutex_);
-    waiting_.push_back(std::move(callback));
-    changed_.notify_one();
-}
-
-void TestLoop::doEvents() {
-    while (hasWaiting()) {
-        Callback callback;
-        {
-            const std::lock_guard lock(mutex_);
-            callback = std::move(waiting_.front());
-            waiting_.pop_front();
-        }
-        callback();
-    }
-}
-
-bool TestLoop::run(const std::function<bool()> &condition, int seconds) {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
-    while (!quit_ && !condition()) {
-        doEvents();
-        if (quit_ || condition()) break;
-        std::unique_lock lock(mutex_);
-        changed_.wait_for(lock, std::chrono::milliseconds(20), [this] { return !waiting_.empty(); });
-        if (std::chrono::steady_clock::now() > end) return false;
-    }
-    return true;
-}
-
-bool TestLoop::hasWaiting() {
-    const std::lock_guard lock(mutex_);
-    return !waiting_.empty();
 }
 
 } // namespace tonvale::test

@@ -4,15 +4,12 @@
 #pragma once
 
 #include "controls/Errors.h"
-#include "controls/Loop.h"
+#include "tests/backend/TestLoop.h"
 
 #include <gtest/gtest.h>
 #include <sys/types.h>
 
-#include <condition_variable>
-#include <deque>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <string>
 
@@ -60,6 +57,10 @@ private:
     std::optional<int> status_;
 };
 
+// What it returns in a process without root's rights. Whoever has none keeps the own user, so what
+// is to be forbidden has to be forbidden to the owner, too.
+[[nodiscard]] int asNobody(const std::function<int()> &run);
+
 // One-byte signals between processes.
 class Pipe {
 public:
@@ -73,27 +74,6 @@ public:
 
 private:
     int ends_[2] = {-1, -1};
-};
-
-// A loop that a test turns by itself.
-class TestLoop : public EventLoop {
-public:
-    void post(Callback callback) override;
-    TimerId setTimer(std::int32_t, Callback) override { return 0; }
-    void clearTimer(TimerId) override {}
-    void doEvents() override;
-    void quit() override { quit_ = true; }
-
-    // Serves until quit or until the condition holds; false when that takes too long.
-    bool run(
-        const std::function<bool()> &condition = [] { return false; }, int seconds = 20);
-    [[nodiscard]] bool hasWaiting();
-
-private:
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    std::deque<Callback> waiting_;
-    bool quit_ = false;
 };
 
 } // namespace tonvale::test

@@ -71,7 +71,7 @@ TEST_F(TonvaleOpenTest, HandsThePathToARunningPlayer) {
     InstanceServer server(loop, {[] { return std::vector<WindowInfo>(); },
                                  [&](const std::string &command) { got = command; }, [](WindowHandle) {}});
     const auto opening = open({"b c.mp3"});
-    EXPECT_TRUE(loop.run([&] { return opening->hasEnded(); }));
+    EXPECT_TRUE(loop.runUntil([&] { return opening->hasEnded(); }));
     EXPECT_EQ(opening->exitCode(), 0);
     EXPECT_EQ(got, "\"" + (home / "b c.mp3") + "\"");
     EXPECT_FALSE(exists(home / "started"));

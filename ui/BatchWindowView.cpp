@@ -31,7 +31,8 @@ constexpr int kPrintSize = 13, kStatusLines = 5;
 constexpr int kGaugeHeight = 16;
 constexpr int kLeastWidth = 400, kLeastHeight = 280;
 
-// What the window has to say, on as many lines as it takes; a path breaks where it must.
+// What the window has to say. A path breaks where it must, and of one that is longer than all lines
+// the middle is left out.
 class StatusText : public PanelPart {
 public:
     explicit StatusText(QWidget *parent) : PanelPart(parent) {
@@ -54,10 +55,16 @@ protected:
         option.setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         QPainter painter(this);
         painter.setPen(theme::kGlassText);
-        painter.drawText(QRectF(rect()), text_, option);
+        const bool fits = painter.boundingRect(QRectF(rect()), text_, option).height() <= height();
+        if (!fits) option.setWrapMode(QTextOption::WrapAnywhere);
+        painter.drawText(QRectF(rect()), fits ? text_ : shortened(), option);
     }
 
 private:
+    [[nodiscard]] QString shortened() const {
+        // A little stays free at the end of each line.
+        return fontMetrics().elidedText(text_, Qt::ElideMiddle, width() * kStatusLines * 9 / 10);
+    }
     QString text_;
 };
 

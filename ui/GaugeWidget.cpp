@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace tonvale {
 
@@ -31,7 +32,7 @@ QColor GaugeWidget::colorOf(int index) const {
 }
 
 void GaugeWidget::setPosition(int position) {
-    position_ = position;
+    if (std::exchange(position_, position) != position) announceValue();
     const int lit = (std::clamp(position, 0, 100) * kSegmentCount + 50) / 100;
     if (lit == lit_) return;
     const auto [first, last] = std::minmax({lit, lit_});

@@ -111,9 +111,12 @@ class Node:
         """The same without waiting: a click may bring up a box, and is over when that is answered."""
         return Pending(self, "org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (0,)))
 
+    def extents(self):
+        """Left, top, width and height on the screen, in pixels."""
+        return self.call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+
     def centre(self):
-        """Its middle on the screen, in pixels."""
-        x, y, width, height = self.call("org.a11y.atspi.Component", "GetExtents", GLib.Variant("(u)", (0,)))[0]
+        x, y, width, height = self.extents()
         return x + width // 2, y + height // 2
 
     @property

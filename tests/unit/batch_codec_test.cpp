@@ -46,6 +46,18 @@ TEST_F(Encoding, a_later_source_that_is_no_wav_file_stalls_the_run) {
     EXPECT_EQ(opened().size(), 2U);
 }
 
+TEST_F(Encoding, the_window_can_be_closed_behind_the_box_of_a_refused_source) {
+    world.codecs.refused = {source("b")};
+    openWith({source("a"), source("b"), source("c")});
+    world.boxes.whileUp = [&](const MessageBox &) { slot().Unload(); };
+    convertInto("/out");
+    finish();
+    EXPECT_EQ(world.boxes.shown.size(), 1U);
+    EXPECT_FALSE(slot().isLoaded());
+    EXPECT_EQ(opened().size(), 2U);
+    EXPECT_EQ(world.codecs.alive, 0);
+}
+
 TEST_F(Encoding, a_stalled_run_in_a_window_that_finished_one_reports_success_at_its_stop) {
     openWith({source("a")});
     convertInto("/out");

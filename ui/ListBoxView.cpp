@@ -4,8 +4,10 @@
 #include "ui/ListBoxView.h"
 
 #include "controls/Form.h"
+#include "ui/input_codes.h"
 #include "ui/units.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
@@ -95,8 +97,19 @@ void ListBoxView::listen() {
         list.selectionChanged.connect([this](std::size_t first, std::size_t count) { showSelection(first, count); }));
     bindings_.keep(list.ListIndex.onChange([this] { showFocus(); }));
     bindings_.keep(list.HorizontalExtent.onChange([this] { scheduleDelayedItemsLayout(); }));
-    bindings_.follow(list.Enabled, [this] { setEnabled(list_->Enabled); });
+    bindings_.follow(list.Enabled, [this] { followEnabled(); });
     showSelection(0, list.ListCount());
+}
+
+// A list that is disabled loses the keyboard to some neighbour, and gets it back unless the user has
+// moved it on since.
+void ListBoxView::followEnabled() {
+    const bool hadFocus = window()->focusWidget() == this;
+    setEnabled(list_->Enabled);
+    if (!list_->Enabled)
+        standIn_ = hadFocus ? window()->focusWidget() : nullptr;
+    else if (standIn_ != nullptr && window()->focusWidget() == standIn_)
+        setFocus();
 }
 
 void ListBoxView::showSelection(std::size_t first, std::size_t count) {
@@ -169,12 +182,8 @@ void ListBoxView::mouseReleaseEvent(QMouseEvent *event) {
     if (list_ != nullptr) list_->Click();
 }
 
-// Control and the space bar start and stop the list from anywhere, so here they must not select. A
-// letter would look through all rows, most of which begin alike.
 void ListBoxView::keyPressEvent(QKeyEvent *event) {
-    const bool isHotKey = event->key() == Qt::Key_Space && event->modifiers().testFlag(Qt::ControlModifier);
-    const bool isEscape = event->key() == Qt::Key_Escape;
-    if (isHotKey || isEscape)
+    if (isPlayStopKey(*event) || event->key() == Qt::Key_Escape)
         event->ignore();
     else
         QListView::keyPressEvent(event);
@@ -187,6 +196,12 @@ void ListBoxView::focusInEvent(QFocusEvent *event) {
     const bool isGivenBack =
         reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
     if (list_ != nullptr && !isGivenBack) list_->GotFocus();
+}
+
+// The keyboard's key for menus does what the right button does.
+void ListBoxView::contextMenuEvent(QContextMenuEvent *event) {
+    if (event->reason() == QContextMenuEvent::Keyboard && list_ != nullptr)
+        tellMouse(list_->MouseUp, kRightButton, visualRect(currentIndex()).center());
 }
 
 // A list that plays is disabled and can be read nevertheless: it scrolls, it tells what a row is

@@ -8,6 +8,7 @@
 #include "ui/bind.h"
 
 #include <QListView>
+#include <QPointer>
 
 #include <array>
 #include <memory>
@@ -31,20 +32,23 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     bool viewportEvent(QEvent *event) override;
 
 private:
     void listen();
     void showSelection(std::size_t first, std::size_t count);
     void showFocus();
+    void followEnabled();
     void tellMouse(Event<std::int16_t, double, double> &event, std::int16_t button, QPoint place);
     void tellMove(const QMouseEvent &event);
     void showToolTip(const QPoint &place, const QPoint &placeOnScreen);
     [[nodiscard]] std::int32_t measure(const std::string &row) const;
     void measureLetters();
 
-    ListBox *list_;            // null once released
-    bool listChanges_ = false; // what happens now is the list box's doing
+    ListBox *list_;             // null once released
+    bool listChanges_ = false;  // what happens now is the list box's doing
+    QPointer<QWidget> standIn_; // that has had the keyboard since the list box was disabled
     std::unique_ptr<ListModel> rows_;
     Bindings bindings_;
     std::array<double, 128> letterWidths_{}; // pixels

@@ -3,6 +3,8 @@
 
 #include "ui/PanelButton.h"
 
+#include "ui/input_codes.h"
+
 #include <QKeyEvent>
 
 namespace tonvale {
@@ -10,7 +12,9 @@ namespace tonvale {
 PanelButton::PanelButton(QWidget *parent) : QAbstractButton(parent) { setFocusPolicy(Qt::StrongFocus); }
 
 void PanelButton::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (isPlayStopKey(*event))
+        event->ignore();
+    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         click();
     else
         QAbstractButton::keyPressEvent(event);

@@ -3,13 +3,13 @@
 
 #include "ui/ToolbarView.h"
 
+#include "ui/PanelButton.h"
 #include "ui/children.h"
 #include "ui/signs.h"
 #include "ui/text.h"
 #include "ui/theme.h"
 #include "ui/toolbar_signs.h"
 
-#include <QAbstractButton>
 #include <QPainter>
 
 #include <algorithm>
@@ -25,10 +25,9 @@ constexpr int kCaptionSize = 11, kCaptionHeight = 16, kCaptionPadding = 3;
 constexpr int kLeastInside = 24; // of a key without a caption
 constexpr double kSignSize = 19;
 
-class ToolbarKey : public QAbstractButton {
+class ToolbarKey : public PanelButton {
 public:
-    ToolbarKey(QWidget *parent, const ToolbarButton &button) : QAbstractButton(parent), image_(button.Image) {
-        setFocusPolicy(Qt::StrongFocus);
+    ToolbarKey(QWidget *parent, const ToolbarButton &button) : PanelButton(parent), image_(button.Image) {
         setFont(theme::printFont(font(), kCaptionSize));
         setText(shown(button.Caption));
         setToolTip(shown(button.ToolTipText));
@@ -41,14 +40,6 @@ public:
     }
 
 protected:
-    void enterEvent(QEnterEvent *event) override {
-        QAbstractButton::enterEvent(event);
-        update();
-    }
-    void leaveEvent(QEvent *event) override {
-        QAbstractButton::leaveEvent(event);
-        update();
-    }
     void paintEvent(QPaintEvent * /*event*/) override {
         QPainter painter(this);
         const bool hovered = isEnabled() && underMouse(), down = isDown();

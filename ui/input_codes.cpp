@@ -5,6 +5,8 @@
 
 #include "controls/Form.h"
 
+#include <QKeyEvent>
+
 namespace tonvale {
 
 std::int16_t buttonsIn(Qt::MouseButtons buttons) {
@@ -18,6 +20,10 @@ std::int16_t shiftIn(Qt::KeyboardModifiers modifiers) {
     return static_cast<std::int16_t>((modifiers.testFlag(Qt::ShiftModifier) ? kShift : 0) |
                                      (modifiers.testFlag(Qt::ControlModifier) ? kControl : 0) |
                                      (modifiers.testFlag(Qt::AltModifier) ? kAlt : 0));
+}
+
+bool isPlayStopKey(const QKeyEvent &event) {
+    return event.key() == Qt::Key_Space && event.modifiers().testFlag(Qt::ControlModifier);
 }
 
 } // namespace tonvale

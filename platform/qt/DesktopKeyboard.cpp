@@ -8,8 +8,19 @@
 #include "platform/qt/X11Keys.h"
 
 #include <QGuiApplication>
+#include <QTimer>
+
+#include <chrono>
 
 namespace tonvale {
+
+namespace {
+
+// A window of ours that has the focus gets the key as well, by a way of its own. It is to have it
+// first: a box that answers to the hook would keep the key from a menu.
+constexpr std::chrono::milliseconds kForTheWindow{20};
+
+} // namespace
 
 // Has the sources while there are listeners. A source is never changed from within its own call:
 // all that follows from a key, and from a listener's coming or going, comes from the loop.
@@ -37,7 +48,10 @@ private:
     }
     void start() {
         const KeySource::Tell tell = [this](std::int32_t code) { later([this, code] { pressed_(code); }); };
-        if (isOnX11()) desktop_ = X11Keys::open(tell);
+        if (isOnX11())
+            desktop_ = X11Keys::open([this](std::int32_t code) {
+                QTimer::singleShot(kForTheWindow, this, [this, code] { pressed_(code); });
+            });
         if (desktop_) return;
         focus_ = std::make_unique<FocusKeys>(tell);
         // From there on they would come twice.

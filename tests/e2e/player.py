@@ -101,7 +101,11 @@ class Player:
 
     def shows(self, text):
         """Whether a label or display has this text."""
-        return any(text in (label.name, label.description) for label in self.find_all("label"))
+        def has_it(label):
+            with contextlib.suppress(accessible.Gone):
+                return text in (label.name, label.description)
+            return False
+        return any(has_it(label) for label in self.find_all("label"))
 
     def range(self, name):
         """The slider or the volume of this name."""

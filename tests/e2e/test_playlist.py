@@ -89,6 +89,26 @@ class Playlist(Desk):
         self.session.key("ctrl+x")
         wait_for(lambda: self.is_there(TITLE) and not self.is_there(LIST), "the main window in its place")
 
+    def test_the_play_key_presses_no_button_of_the_window(self):
+        player = self.open_list(self.tone("a.wav"))
+        self.activate(LIST)
+        for _ in range(2):
+            self.session.key("ctrl+space")
+            wait_for(lambda: player.shows("Playing File: a.wav (1 of 1)"), "the item")
+            self.session.key("ctrl+space")
+            wait_for(lambda: player.shows("PlayList Halted."), "the end of the run")
+        holds_for(0.5, lambda: self.session.windows() == [LIST], "the list alone on screen")
+
+    def test_the_key_that_is_a_menus_and_the_hooks_does_both(self):
+        player = self.open_list(self.tone("a.wav"))
+        self.activate(LIST)
+        self.session.click(*player.find_all("list item")[0].centre())
+        wait_for(player.find("menu item", "Deselect All").is_enabled, "a row that is selected")
+        self.session.key("ctrl+p")
+        wait_for(lambda: player.shows("The playlist is not currently playing."), "what the hook's Pause says")
+        self.answer(player, "OK")
+        wait_for(lambda: player.shows("Playing File: a.wav (1 of 1)"), "what the menu's Play does")
+
     def test_the_mute_key_counts_once_in_the_window_itself(self):
         self.session.set_sink_volume(60)
         self.open_list("/a.mp3")
@@ -105,7 +125,7 @@ class Playlist(Desk):
         folder.mkdir()
         for name in (b"b.mp3", b"A.MP3", b"x.txt", b"track01.cda"):
             (folder / os.fsdecode(name)).touch()
-        latin = os.fsencode(self.file("")) + b"caf\xe9 100%.mp3"
+        latin = os.path.join(os.fsencode(self.session.directory), b"caf\xe9 100%.mp3")
         pathlib.Path(os.fsdecode(latin)).touch()
         self.tone("z.wav", seconds=1)
         addresses = ["file://" + urllib.parse.quote(path) for path in (os.fsencode(self.file("z.wav")), latin,
@@ -113,7 +133,7 @@ class Playlist(Desk):
         addresses.insert(1, "https://orvane.example/a.mp3")
         drag.drop(self.session, addresses, player.find("list", "PlayList").centre())
         where = f"{folder}/"
-        self.wait_for_rows(player, "/first.mp3", self.file("z.wav"), self.file("") + "café 100%.mp3", where + "A.MP3",
+        self.wait_for_rows(player, "/first.mp3", self.file("z.wav"), self.file("café 100%.mp3"), where + "A.MP3",
                            where + "b.mp3", where + "track01.cda")
 
     def test_closing_an_unsaved_list_asks_and_saves_its_bytes(self):
@@ -131,6 +151,14 @@ class Playlist(Desk):
         self.session.key("Return")
         wait_for(lambda: self.is_there(TITLE), "the main window in its place")
         self.assertEqual(pathlib.Path(self.file("saved.ply")).read_bytes(), "/ü.mp3\r\n".encode() + b"/b\xe4r.mp3\r\n")
+
+    def test_the_exit_key_is_a_menus_and_the_hooks_and_asks_once(self):
+        player = self.open_list("/a.mp3", "/b.mp3")
+        self.change(player)
+        self.session.key("ctrl+x")
+        self.answer(player, "Cancel")
+        wait_for(lambda: not player.has("push button", "Cancel"), "the end of the question")
+        holds_for(0.5, lambda: self.session.windows() == [LIST], "the list alone on screen")
 
     def test_closing_without_saving(self):
         player = self.open_list("/a.mp3", "/b.mp3")

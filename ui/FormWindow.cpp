@@ -17,6 +17,7 @@
 #include <QCursor>
 #include <QDropEvent>
 #include <QEventLoop>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
@@ -55,6 +56,23 @@ std::int16_t keyAscii(const QKeyEvent &key) {
     return static_cast<std::int16_t>(character < kBytes ? character : '?');
 }
 
+// The whole screen has the pointer of a program at work while this exists.
+class WaitPointer {
+public:
+    WaitPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitPointer() { QGuiApplication::restoreOverrideCursor(); }
+    WaitPointer(const WaitPointer &) = delete;
+    WaitPointer &operator=(const WaitPointer &) = delete;
+};
+
+// Getting a long list out of another program takes its time.
+std::vector<std::string> namesIn(const QMimeData &dropped) {
+    const WaitPointer pointer;
+    const QByteArray list = dropped.data(QLatin1String(kUriList));
+    return droppedFiles({list.data(), static_cast<std::size_t>(list.size())},
+                        QSysInfo::machineHostName().toStdString());
+}
+
 // Ends a loop as the window is exposed. The window itself gets the event afterwards and paints.
 class ExposeWatcher : public QObject {
 public:
@@ -77,6 +95,8 @@ FormWindow::FormWindow(Form &form, int menuHeight) : form_(&form), menuHeight_(m
     setWindowFlags(flagsFor(form.BorderStyle));
     form.setChrome(0, toTwips(titleHeight() + menuHeight));
 }
+
+bool FormWindow::isPlaced() const { return form_->Left != kNowhere; }
 
 bool FormWindow::isSizable() const { return form_->BorderStyle == BorderStyle::Sizable; }
 
@@ -102,7 +122,7 @@ void FormWindow::bindShape() {
     bindings_.keep(form.Height.onChange([this] { followSize(); }));
     bindings_.keep(form.MinWidth.onChange([this] { followSize(); }));
     bindings_.keep(form.MinHeight.onChange([this] { followSize(); }));
-    if (form.Left != 0 || form.Top != 0) followPlace();
+    if (isPlaced()) followPlace();
     bindings_.keep(form.Left.onChange([this] { followPlace(); }));
     bindings_.keep(form.Top.onChange([this] { followPlace(); }));
     bindings_.follow(form.Topmost, [this] { followTopmost(); });
@@ -175,7 +195,7 @@ void FormWindow::followVisible() {
     if (form_->Visible && !std::exchange(prepared_, true)) prepareFirstShow();
     if (form_ == nullptr) return;
     if (!form_->Visible && onRestored_) return showMinimized();
-    if (form_->Visible && testAttribute(Qt::WA_WState_Created)) followPlace();
+    if (form_->Visible && isPlaced() && testAttribute(Qt::WA_WState_Created)) followPlace();
     if (form_->Visible && isMinimized()) followState();
     setVisible(form_->Visible);
 }
@@ -199,7 +219,7 @@ void FormWindow::prepareFirstShow() {
     }
     if (form_ == nullptr) return;
     followSize();
-    if (form_->Left != 0 || form_->Top != 0) return;
+    if (isPlaced()) return;
     if (const auto place = firstPlace(*this)) form_->Move(toTwips(place->x()), toTwips(place->y()));
 }
 
@@ -307,9 +327,7 @@ void FormWindow::dragEnterEvent(QDragEnterEvent *event) {
 }
 
 void FormWindow::dropEvent(QDropEvent *event) {
-    const QByteArray list = event->mimeData()->data(QLatin1String(kUriList));
-    const std::vector<std::string> names =
-        droppedFiles({list.data(), static_cast<std::size_t>(list.size())}, QSysInfo::machineHostName().toStdString());
+    const std::vector<std::string> names = namesIn(*event->mimeData());
     if (form_ == nullptr || names.empty()) return;
     event->acceptProposedAction();
     form_->userDroppedFiles(names);

@@ -57,6 +57,7 @@ private:
     void tellPlace();
     void tellSize();
     void tellState();
+    [[nodiscard]] bool isPlaced() const;
     [[nodiscard]] bool isSizable() const;
     [[nodiscard]] bool coversScreen() const;
     [[nodiscard]] int titleHeight() const;

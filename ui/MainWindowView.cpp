@@ -58,6 +58,7 @@ MainWindowView::MainWindowView(Form1 &form) : FormWindow(form, kMenuHeight), mod
     buildMenuBar();
     buildPanel();
     bindWindow();
+    bindings().keep(form.raised.connect([this] { picture_->comeToFront(); }));
 }
 
 void MainWindowView::buildMenuBar() {
@@ -101,7 +102,7 @@ void MainWindowView::buildPicture(QWidget &surface) {
     for (Property<double> *value : {&player.Left, &player.Top, &player.Width, &player.Height})
         bindings().follow(*value, place);
     bindings().follow(player.Visible, [&glass, &player] { glass.setVisible(player.Visible); });
-    makeChild<PictureWidget>(well, player);
+    picture_ = &makeChild<PictureWidget>(well, player);
 }
 
 // The panel keeps its size; a wide picture makes the window wider than it.

@@ -14,7 +14,7 @@ class QMenuBar;
 
 namespace tonvale {
 
-class LedDigitsWidget;
+class PictureWidget;
 
 // The main window: the front of a hi-fi component.
 class MainWindowView : public FormWindow {
@@ -49,6 +49,7 @@ private:
     Form1 &model_;
     QMenuBar *bar_ = nullptr; // children
     QWidget *surface_ = nullptr, *well_ = nullptr, *panel_ = nullptr;
+    PictureWidget *picture_ = nullptr;
     TrayIcon tray_{bindings(), model_.TrayX1, *this, model_.PopUpMenu2};
 };
 

@@ -56,6 +56,25 @@ void paintCheckBox(QPainter &painter, const QStyleOption &option) {
     painter.restore();
 }
 
+// Between two groups of a menu's entries.
+void paintMenuLine(QPainter &painter, const QRect &area) {
+    constexpr int kInset = 8;
+    painter.fillRect(QRect(area.left() + kInset, area.center().y(), area.width() - 2 * kInset, 1), theme::kPanelEdge);
+}
+
+void paintMenuEdge(QPainter &painter, const QRect &area) {
+    painter.save();
+    painter.setPen(theme::kPanelEdge);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(area.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
+bool isMenuLine(const QStyleOption &option) {
+    const auto *entry = qstyleoption_cast<const QStyleOptionMenuItem *>(&option);
+    return entry != nullptr && entry->menuItemType == QStyleOptionMenuItem::Separator && entry->text.isEmpty();
+}
+
 } // namespace
 
 PanelStyle::PanelStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -64,8 +83,22 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opt
                                const QWidget *widget) const {
     if (element == PE_IndicatorCheckBox)
         paintCheckBox(*painter, *option);
+    else if (element == PE_FrameMenu)
+        paintMenuEdge(*painter, option->rect);
     else
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void PanelStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                             const QWidget *widget) const {
+    if (element == CE_MenuItem && isMenuLine(*option))
+        paintMenuLine(*painter, option->rect);
+    else
+        QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+int PanelStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const {
+    return metric == PM_MenuPanelWidth ? 1 : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 QIcon PanelStyle::standardIcon(StandardPixmap picture, const QStyleOption *option, const QWidget *widget) const {

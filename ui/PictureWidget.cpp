@@ -7,6 +7,7 @@
 #include "ui/text.h"
 #include "ui/units.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -112,6 +113,12 @@ void PictureWidget::leaveScreen() {
     setVisible(player_->Visible);
 }
 
+void PictureWidget::comeToFront() {
+    if (!isWindow()) return;
+    raise();
+    activateWindow();
+}
+
 void PictureWidget::showPointer() {
     if (!isWindow()) return;
     unsetCursor();
@@ -151,6 +158,12 @@ void PictureWidget::keyPressEvent(QKeyEvent *event) {
         player_->userPressedEscape();
     else
         QWidget::keyPressEvent(event);
+}
+
+// The keyboard's key for menus does what the right button does.
+void PictureWidget::contextMenuEvent(QContextMenuEvent *event) {
+    if (event->reason() != QContextMenuEvent::Keyboard || !isWindow()) return QWidget::contextMenuEvent(event);
+    player_->MouseUp(kRightButton, shiftIn(event->modifiers()), toTwips(event->pos().x()), toTwips(event->pos().y()));
 }
 
 // The window manager's way to close it.

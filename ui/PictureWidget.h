@@ -18,6 +18,9 @@ class PictureWidget final : public QWidget {
 public:
     PictureWidget(QWidget &parent, MediaPlayer &player);
 
+    // Its window has come to the front, which is behind a picture that covers the screen.
+    void comeToFront();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -26,6 +29,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

@@ -12,6 +12,7 @@
 #include "ui/MediaStatisticsView.h"
 #include "ui/SettingsView.h"
 #include "ui/VideoWindowView.h"
+#include "ui/window_place.h"
 
 #include <array>
 
@@ -59,6 +60,7 @@ Views::Views(Forms &forms) {
 Views::~Views() = default;
 
 void Views::follow(Form &form) {
+    if (form.Left == 0 && form.Top == 0) form.Left = kNowhere;
     views_[&form].shown = form.Visible.onChange([this, &form] {
         const auto found = views_.find(&form);
         if (found == views_.end() || found->second.window || !form.Visible) return;

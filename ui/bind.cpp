@@ -42,10 +42,16 @@ private:
 // Hints may hold a mnemonic's "&", which a screen reader should not spell out.
 QString spoken(const std::string &hint) { return shown(hint).remove(u'&'); }
 
+// The start of a long path, and more of its end, where the name is.
+QString shortened(const QString &text) {
+    constexpr qsizetype kStart = 30, kEnd = 60;
+    return text.size() > kStart + kEnd ? text.left(kStart) + QChar(0x2026) + text.right(kEnd) : text;
+}
+
 // A caption as a menu reads it: on one line, a shortcut behind a tab. A name in it may hold more
 // than the one "&" that stands before the mnemonic.
 QString menuText(const std::string &caption) {
-    const QString text = shown(caption);
+    const QString text = shortened(shown(caption));
     QString result;
     bool hasMnemonic = false;
     for (qsizetype i = 0; i < text.size(); ++i) {

@@ -15,6 +15,10 @@ namespace tonvale {
 // up to the window manager.
 inline constexpr int kNominalTitleHeight = 22;
 
+// How many twips from the left a form is while nobody has placed it. No handler gives parts of a twip, so
+// that any place, the corner of the screen included, can be told from this.
+inline constexpr double kNowhere = 0.25;
+
 // The place nearest to `place` at which a mouse can get hold of the window's title.
 [[nodiscard]] QPoint reachablePlace(const QWidget &window, QPoint place);
 

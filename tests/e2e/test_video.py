@@ -99,6 +99,24 @@ class Film(Desk):
         self.session.key("Escape")
         self.wait_for_film_in_window(320, 240)
 
+    def test_a_film_that_follows_over_the_whole_screen_is_in_front(self):
+        player = self.open(write_film(self.file("large.avi"), 1120, 840))
+        self.wait_for_film_on_screen()
+        self.start(write_film(self.file("second.avi"), 1120, 840), program="tonvale-open")
+        wait_for(lambda: player.shows("second.avi"), "the second film")
+        self.wait_for_film_on_screen()
+        wait_for(lambda: self.session.key("Escape") or not film_is_seen(self.session), "the end of full screen")
+
+    def test_over_the_whole_screen_the_key_for_menus_brings_up_the_pictures_menu(self):
+        player, _ = self.open_film()
+        player.choose("Options", "Video Zoom", "Full Screen (Stretch)")
+        self.wait_for_film_on_screen()
+        self.session.key("Menu")
+        wait_for(player.pop_ups, "the menu")
+        self.session.key("u", "Escape")
+        self.wait_for_window(PANEL_WIDTH, BASE_HEIGHT + 240)
+        wait_for(lambda: player.has_entry("Playback", "Resume"), "the entry Resume")
+
     def test_rolled_up_there_is_no_film_and_rolled_down_there_is_the_panel(self):
         player, _ = self.open_film()
         player.choose("Window", "Roll Up")

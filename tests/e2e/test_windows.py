@@ -8,7 +8,7 @@ import unittest
 
 from pixels import write_film
 from player import Desk, TITLE
-from session import BUILD, wait_for
+from session import BUILD, holds_for, wait_for
 
 # What other windows open that are still to come.
 STILL_TO_COME = {"CDDB Access CD Player", "Video PlayList", "Vivo PlayList", "Advanced CD Player",
@@ -57,6 +57,10 @@ class Windows(Desk):
         self.wait_for_title("About Tonvale")
         label = player.find("label", "Version 3.66")
         start = label.centre()
+        x, y = start
+        self.session.output("xdotool", "mousemove", str(x), str(y), "mousedown", "3", "mousemove", str(x + 20),
+                            str(y + 20), "mousemove", str(x + 60), str(y + 50), "mouseup", "3")
+        holds_for(0.5, lambda: label.centre() == start, "the place, which the right button does not change")
 
         # The window manager takes the drag over, at its own time, and says at its end where the window is.
         def is_dragged():
@@ -87,6 +91,17 @@ class Windows(Desk):
         player.choose("File", f"1. {path.lower()}")
         self.wait_for_sound(player)
         wait_for(lambda: player.shows("old & gold.wav"), "the name of what plays")
+
+    def test_a_long_recent_file_is_cut_short_in_the_menu_and_plays_all_the_same(self):
+        self.assertEqual(self.open(self.tone(f"{'long ' * 40}end.wav")).end(), 0)
+        player = self.open()
+        player.open_menu("File")
+        name = next(item.name for item in player.find_all("menu item") if item.name.startswith("1. "))
+        self.session.key("Escape")
+        self.assertLess(len(name), 100)
+        self.assertTrue(name.endswith("long end.wav"), name)
+        player.choose("File", name)
+        self.wait_for_sound(player)
 
     def test_every_entry_of_the_file_menu(self):
         self.press_all("File", {"Exit"})

@@ -9,6 +9,8 @@
 
 #include <QLoggingCategory>
 
+#include <fontconfig/fontconfig.h>
+
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -41,12 +43,16 @@ int &prepared(int &argumentCount) {
     return argumentCount;
 }
 
+// Where this fails the toolkit does it once more.
+void readFonts() { static_cast<void>(FcInit()); }
+
 } // namespace
 
 Display::Display(char *programName)
     // No argument is the toolkit's: a file may be named like one of its options.
-    : arguments_{programName, nullptr}, application_(prepared(argumentCount_), arguments_) {
+    : fonts_(readFonts), arguments_{programName, nullptr}, application_(prepared(argumentCount_), arguments_) {
     qInstallMessageHandler(nullptr);
+    fonts_.join();                                  // two at a time would read all of it twice
     std::setlocale(LC_NUMERIC, "C");                // which the media libraries count on
     QApplication::setQuitOnLastWindowClosed(false); // a window may be hidden and play on
     QApplication::setPalette(theme::palette());

@@ -5,6 +5,8 @@
 
 #include <QApplication>
 
+#include <thread>
+
 namespace tonvale {
 
 // The toolkit, with this program's look. Where there is no display the process ends here with one
@@ -14,6 +16,8 @@ public:
     explicit Display(char *programName);
 
 private:
+    // The configuration of the fonts is long; it is read while the toolkit connects to the display.
+    std::jthread fonts_;
     int argumentCount_ = 1;
     char *arguments_[2];
     QApplication application_;

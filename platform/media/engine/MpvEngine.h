@@ -98,6 +98,8 @@ private:
     void unwatchEnd();
     void onEndState(bool atEnd);
     [[nodiscard]] bool hasLostItsWay() const;
+    [[nodiscard]] bool isAstray(double position) const;
+    [[nodiscard]] bool isJustFound() const;
     void updateClock();
     void askPosition() const;
     [[nodiscard]] std::uint64_t idOf(Request request) const;

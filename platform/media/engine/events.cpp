@@ -5,6 +5,7 @@
 
 #include "platform/media/engine/MpvEngine.h"
 
+#include <cmath>
 #include <cstdio>
 #include <mutex>
 #include <string_view>
@@ -18,6 +19,7 @@ constexpr std::uint64_t kRequestBits = 4;
 constexpr std::uint64_t kRequestMask = (1u << kRequestBits) - 1;
 
 constexpr const char *kSilentOutput = "null";
+constexpr double kNear = 1; // seconds
 
 // Nothing where the property is not there.
 const mpv_node &nodeIn(const mpv_event_property &property) {
@@ -118,9 +120,17 @@ void MpvEngine::onEndState(bool atEnd) {
 // find itself at the end.
 bool MpvEngine::hasLostItsWay() const {
     constexpr int kMostReloads = 4;
-    constexpr double kNearEnd = 1;
+    return reloads_ < kMostReloads && sought_ < duration_ - kNear && isJustFound();
+}
+
+// A place that is far from the one that was sought, before the end there is reported.
+bool MpvEngine::isAstray(double position) const {
+    return isJustFound() && std::abs(position - clock_.at(Steady::now())) > kNear;
+}
+
+bool MpvEngine::isJustFound() const {
     constexpr std::chrono::milliseconds kAtOnce{300};
-    return reloads_ < kMostReloads && sought_ < duration_ - kNearEnd && Steady::now() - found_ < kAtOnce;
+    return Steady::now() - found_ < kAtOnce;
 }
 
 // Watched anew after each seek: the first report is then the state after it, and a change there and
@@ -155,7 +165,8 @@ void MpvEngine::onValue(const mpv_event &event) {
 }
 
 void MpvEngine::onNumber(Request request, double value) {
-    if (request == Request::Position && seeking_ == Seeking::No && value >= 0) clock_.correct(value, Steady::now());
+    if (request == Request::Position && seeking_ == Seeking::No && value >= 0 && !isAstray(value))
+        clock_.correct(value, Steady::now());
     if (request == Request::Duration && value > 0 && !lengthMeasured_) duration_ = value;
     if (request == Request::Duration || request == Request::Format || request == Request::Tracks) onFact();
 }

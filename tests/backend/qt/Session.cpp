@@ -4,6 +4,7 @@
 #include "tests/backend/qt/Session.h"
 
 #include "platform/machine/base/Spawn.h"
+#include "platform/machine/base/UniqueFd.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -11,6 +12,8 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -49,6 +52,19 @@ bool waitForFile(const std::string &path) {
     timer.start();
     while (timer.elapsed() < 20000) {
         if (std::filesystem::exists(path)) return true;
+        (void)::usleep(2000);
+    }
+    return false;
+}
+
+// A bus that has made its socket does not listen to it at once.
+bool waitForListener(const std::string &path) {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
+    for (int i = 0; i < 10000; ++i) {
+        const UniqueFd socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        if (::connect(socket.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0) return true;
         (void)::usleep(2000);
     }
     return false;
@@ -120,7 +136,7 @@ void Session::startBus() {
     set("DBUS_SESSION_BUS_ADDRESS", address);
     bus_ = std::make_unique<Process>(
         std::vector<std::string>{"dbus-daemon", "--config-file=" + directory_ + "/bus.conf", "--nofork"});
-    if (!waitForFile(directory_ + "/bus")) throw std::runtime_error("no bus");
+    if (!waitForListener(directory_ + "/bus")) throw std::runtime_error("no bus");
 }
 
 void Session::startDisplay() {
